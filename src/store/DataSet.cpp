@@ -1,6 +1,7 @@
 #include "store/DataSet.h"
 
 #include "core/Exception.h"
+#include "store/TableDef.h"
 
 #include <algorithm>
 

@@ -4,6 +4,7 @@
 #include "core/DisplayFormat.h"
 #include "store/DataSet.h"
 #include "store/EngineError.h"
+#include "store/TableDef.h"
 
 #include <charconv>
 #include <cmath>

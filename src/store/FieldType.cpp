@@ -16,7 +16,8 @@ std::string_view StoredTypeName(FieldType type) {
     case FieldType::Float: return "FLOAT";
     case FieldType::Currency: return "MONEY";
     case FieldType::Date: return "DATE";
-    case FieldType::Memo: return "MEMO";
+    // TEXT, so that SQLite keeps a memo of digits as the text it is.
+    case FieldType::Memo: return "TEXT";
     case FieldType::Graphic: return "GRAPHIC";
     }
     return "";
@@ -45,7 +46,8 @@ bool ParseStoredTypeName(std::string_view declared, FieldType& type, int& size) 
         {"INTEGER", FieldType::Integer}, {"AUTOINC", FieldType::AutoInc},
         {"BOOLEAN", FieldType::Boolean}, {"FLOAT", FieldType::Float},
         {"MONEY", FieldType::Currency},  {"DATE", FieldType::Date},
-        {"MEMO", FieldType::Memo},       {"GRAPHIC", FieldType::Graphic},
+        {"TEXT", FieldType::Memo},       {"MEMO", FieldType::Memo},
+        {"GRAPHIC", FieldType::Graphic},
     };
     for (const auto& n : names) {
         if (base == n.Name) {

@@ -2,6 +2,9 @@
 
 #include "store/Schema.h"
 
+#include <algorithm>
+#include <limits>
+
 namespace corvane::store {
 
 SqlCondition SqlCondition::And(const SqlCondition& other) const {
@@ -19,12 +22,13 @@ KeyOrder::KeyOrder(const TableDef& table, const IndexDef* index) {
             t.Field = table.FieldIndex(name);
             t.Column = schema::IndexColumnTerm(*index, table.Fields[static_cast<std::size_t>(t.Field)].Name);
             t.Descending = index->IsDescending(name);
+            t.Type = table.Fields[static_cast<std::size_t>(t.Field)].Type;
             terms_.push_back(t);
         }
     }
     // Every SQLite index ends in the row id, ascending: the same tie-break lets the index give the
     // order without a sort.
-    terms_.push_back(Term{-1, "rowid", false});
+    terms_.push_back(Term{-1, "rowid", false, FieldType::Integer});
 }
 
 std::string KeyOrder::OrderBy(bool reverse) const {
@@ -85,6 +89,28 @@ static std::vector<SqlCondition> Groups(const std::vector<KeyOrder::Term>& terms
 std::vector<SqlCondition> KeyOrder::After(const Position& from) const { return Groups(terms_, from, true); }
 
 std::vector<SqlCondition> KeyOrder::Before(const Position& from) const { return Groups(terms_, from, false); }
+
+// A bound below every value a column of the type holds. "x IS NOT NULL" would do, but SQLite
+// drops it on a NOT NULL column and scans instead of seeking.
+static Value Lowest(FieldType type) {
+    switch (type) {
+    case FieldType::String:
+    case FieldType::Memo:
+    case FieldType::Date: return Value(std::string());
+    case FieldType::Float: return Value(-std::numeric_limits<double>::infinity());
+    default: return Value(std::numeric_limits<std::int64_t>::min());
+    }
+}
+
+std::vector<SqlCondition> KeyOrder::Everything(bool forward) const {
+    const Term& t = terms_.front();
+    SqlCondition values{t.Column + " >= ?", {Lowest(t.Type)}};
+    if (t.Field < 0) return {values};
+    // Nulls come first in an ascending index and last in a descending one.
+    SqlCondition nulls{t.Column + " IS NULL", {}};
+    bool nullsFirst = t.Descending != forward;
+    return nullsFirst ? std::vector<SqlCondition>{nulls, values} : std::vector<SqlCondition>{values, nulls};
+}
 
 // "at or after v" and "at or before v" in the order of one term, as one condition.
 static SqlCondition AtOrAfter(const KeyOrder::Term& t, const Value& v) {

@@ -29,6 +29,7 @@ public:
         int Field = -1; // index into the table's fields; -1 for the row id
         std::string Column; // "\"Name\" COLLATE NOCASE", or "rowid"
         bool Descending = false;
+        FieldType Type = FieldType::Integer;
     };
 
     KeyOrder() = default;
@@ -50,6 +51,8 @@ public:
     // turn, in index order (reversed for "before"), they give the rows in order.
     std::vector<SqlCondition> After(const Position& from) const;
     std::vector<SqlCondition> Before(const Position& from) const;
+    // All rows, from the first (or the last), as seeks on the first key: nulls and the rest.
+    std::vector<SqlCondition> Everything(bool forward) const;
 
     // Rows whose leading keys lie from start to end, both inclusive, in index order.
     SqlCondition Range(const std::vector<Value>& start, const std::vector<Value>& end) const;

@@ -55,7 +55,7 @@ std::vector<std::string> ParameterNames(std::string_view text) {
 
 } // namespace
 
-struct Query::Prepared {
+struct Query::Compiled {
     sql::TranslatedStatement Translated;
     std::unique_ptr<Statement> Main;
     std::unique_ptr<Statement> Filtered;
@@ -102,7 +102,7 @@ void Query::Prepare() {
     if (prepared_) return;
     if (!db_.Connected()) FailState("Database '" + db_.DatabaseName() + "' is not open");
     DatabaseSchema lookup(db_);
-    auto p = std::make_unique<Prepared>();
+    auto p = std::make_unique<Compiled>();
     p->Translated = sql::TranslateSql(sql_, lookup);
     using Kind = sql::TranslatedStatement::Kind;
     Kind k = p->Translated.StatementKind;

@@ -83,7 +83,7 @@ protected:
     std::optional<Row> DoAfterDelete(const Row& deleted) override;
 
 private:
-    struct Prepared;
+    struct Compiled;
     void BindParams(Statement& statement);
     void ReadRows();
     std::optional<Row> RowAt(std::size_t index);
@@ -92,7 +92,7 @@ private:
     Database& db_;
     std::string sql_;
     std::vector<Param> params_;
-    std::unique_ptr<Prepared> prepared_;
+    std::unique_ptr<Compiled> prepared_;
     std::string filterSql_;
     std::vector<Value> filterParams_;
     std::vector<Row> rows_; // the result, less the rows the filter handler hides

@@ -142,14 +142,15 @@ void Table::SelectIndex(const std::string& name) {
 
 void Table::RebuildBaseCondition() {
     SqlCondition base;
-    if (master_ && master_->Active()) {
+    // A range set on a detail holds until the master moves again (FollowMaster drops it).
+    if (range_) {
+        base = order_.Range(range_->first, range_->second);
+    } else if (master_ && master_->Active()) {
         std::vector<Value> keys;
         for (const auto& name : masterFields_) keys.push_back(master_->FieldByName(name).AsValue());
         if (static_cast<int>(keys.size()) > order_.KeyFieldCount())
             FailState("The index of '" + def_->Name + "' has fewer fields than the master link");
         base = order_.Range(keys, keys);
-    } else if (range_) {
-        base = order_.Range(range_->first, range_->second);
     }
     baseCondition_ = base.And(filterCondition_);
 }
@@ -194,15 +195,14 @@ std::vector<Table::Row> Table::Read(const std::optional<Row>& from, bool forward
     while (out.size() < count) {
         std::size_t want = count - out.size();
         std::vector<Row> raw;
-        if (!after) {
-            raw = RunRows(where, !forward, want);
-        } else {
-            auto pos = PositionOf(*after);
-            for (const auto& group : forward ? order_.After(pos) : order_.Before(pos)) {
-                auto part = RunRows(where.And(group), !forward, want - raw.size());
-                for (auto& r : part) raw.push_back(std::move(r));
-                if (raw.size() == want) break;
-            }
+        // Every read is a seek on the index: from the start, in the groups of the first key;
+        // after a row, in the groups that follow its key.
+        auto groups = after ? (forward ? order_.After(PositionOf(*after)) : order_.Before(PositionOf(*after)))
+                            : order_.Everything(forward);
+        for (const auto& group : groups) {
+            auto part = RunRows(where.And(group), !forward, want - raw.size());
+            for (auto& r : part) raw.push_back(std::move(r));
+            if (raw.size() == want) break;
         }
         bool reachedEnd = raw.size() < want;
         if (!raw.empty()) after = raw.back();

@@ -9,6 +9,10 @@
 namespace corvane::store {
 
 struct FieldDef {
+    FieldDef() = default;
+    FieldDef(std::string name, FieldType type, int size = 0, bool required = false)
+        : Name(std::move(name)), Type(type), Size(size), Required(required) {}
+
     std::string Name;
     FieldType Type = FieldType::String;
     int Size = 0; // characters of a string field; 0 for every other kind
@@ -23,6 +27,12 @@ enum IndexOption : unsigned {
 };
 
 struct IndexDef {
+    IndexDef() = default;
+    IndexDef(std::string name, std::vector<std::string> fields, unsigned options = 0,
+             std::vector<std::string> descFields = {})
+        : Name(std::move(name)), Fields(std::move(fields)), Options(options),
+          DescFields(std::move(descFields)) {}
+
     std::string Name; // empty for the primary index
     std::vector<std::string> Fields;
     unsigned Options = 0;

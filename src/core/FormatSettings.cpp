@@ -1,0 +1,10 @@
+#include "core/FormatSettings.h"
+
+namespace corvane {
+
+FormatSettings& ProcessFormatSettings() {
+    static FormatSettings settings;
+    return settings;
+}
+
+} // namespace corvane

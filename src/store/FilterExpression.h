@@ -1,0 +1,49 @@
+#pragma once
+
+#include "store/FieldType.h"
+#include "store/TableDef.h"
+#include "store/Value.h"
+
+#include <string>
+#include <string_view>
+#include <vector>
+
+namespace corvane::store {
+
+struct SqlFragment {
+    std::string Sql;           // uses anonymous '?' placeholders, in order
+    std::vector<Value> Params; // one per '?', in order
+};
+
+// Turns a cursor's filter into a WHERE condition over the table's columns, with every literal
+// bound as a parameter. The language:
+//   comparisons = <> < <= > >=, and / or / not (any case), parentheses;
+//   numbers, 'text' ('' inside for a quote; "text" too when it names no field), 'yyyy-mm-dd'
+//   against a date, true, false, null;
+//   UPPER(x), LOWER(x), TRIM(x); x [NOT] LIKE 'pattern'; x [NOT] IN (a, b, ...);
+//   x IS [NOT] NULL; + - * / on numbers and amounts, + on text; a bare boolean field
+//   ("NOT Completed") means "Completed = true".
+// Field names ignore case and may be written "in double quotes" or [in brackets].
+//
+// Results are two-valued: null is the smallest value, as in index order, so "Field = null" picks
+// exactly the null rows and "Suspended <> true" picks false and null rows alike. Negations are
+// resolved while compiling (not (a < b) becomes a >= b), so the SQL carries no NOT over a
+// comparison; a field compared with a literal stays a plain indexable term such as "Amount" > ?,
+// which gives SQL NULL rather than 0 on a null field. The fragment is therefore meant for a WHERE
+// clause, alone or joined with AND/OR to other conditions, never negated as a whole.
+//
+// An empty or all-blank expression gives an empty Sql: no filter.
+// Throws EngineError(errFilterSyntax) with a message that names the position, e.g.
+//   "Filter error: expected ')' at position 14 in: (Posted = true";
+// EngineError(errFieldNotFound, "Field 'Foo' not found in table 'Vendor'") for an unknown field;
+// EngineError(errInvalidValue) for a literal that does not fit its field ('abc' against a number).
+SqlFragment CompileFilter(std::string_view expression, const TableDef& table);
+
+// Converts a value to the kind stored for a field of the given type: a whole number or amount or
+// number text for integers, a number or decimal text for amounts (12 becomes 12.0000), ISO text
+// for dates, true/false/1/0/yes/no for booleans, the text of anything for strings. Null stays
+// null. The field's range and size are not checked here. Throws EngineError(errInvalidValue)
+// when the value cannot be read as that kind ('abc' for an integer, 2.5 for an integer).
+Value CoerceToField(const Value& literal, FieldType type);
+
+} // namespace corvane::store

@@ -1,0 +1,107 @@
+#include "core/Money.h"
+
+#include "FormatSettingsFixture.h"
+
+#include <gtest/gtest.h>
+
+#include <limits>
+
+using corvane::Money;
+
+namespace {
+
+class MoneyParseTest : public FormatSettingsFixture {};
+
+} // namespace
+
+TEST_F(MoneyParseTest, ReadsTheFormsAUserTypes) {
+    const std::pair<const char*, std::int64_t> cases[] = {
+        {"1,234.56", 12345600},
+        {"1234.56", 12345600},
+        {"1,000,000.00", 10000000000},
+        {"-12", -120000},
+        {"+12", 120000},
+        {"(12.00)", -120000},
+        {"( 12.00 )", -120000},
+        {"12.00CR", -120000},
+        {"12.00 cr", -120000},
+        {"-1,234.5", -12345000},
+        {".5", 5000},
+        {"5.", 50000},
+        {"  7.25\t", 72500},
+        {"0.0001", 1},
+        {"1.2345", 12345},
+        {"-0", 0},
+        {"922337203685477.5807", std::numeric_limits<std::int64_t>::max()},
+    };
+    for (const auto& [text, units] : cases) {
+        const auto parsed = Money::Parse(text);
+        ASSERT_TRUE(parsed.has_value()) << text;
+        EXPECT_EQ(parsed->Units(), units) << text;
+    }
+}
+
+TEST_F(MoneyParseTest, RefusesWhatIsNotAnAmount) {
+    for (const char* text : {"",
+                             "  ",
+                             "-",
+                             "()",
+                             "CR",
+                             "abc",
+                             "12a",
+                             "1.23456",
+                             "1.00000",
+                             "12-",
+                             "--1",
+                             "-(12)",
+                             "(-12)",
+                             "12CRCR",
+                             "-12CR",
+                             "(12",
+                             "1.2.3",
+                             "1,23",
+                             "1,2345",
+                             ",123",
+                             "1,,234",
+                             "1e3",
+                             "1 234",
+                             "$12",
+                             "922337203685477.5808",
+                             "99999999999999999999"}) {
+        EXPECT_FALSE(Money::Parse(text).has_value()) << '"' << text << '"';
+    }
+}
+
+TEST_F(MoneyParseTest, FollowsTheRegionalSeparators) {
+    Settings().DecimalSeparator = ',';
+    Settings().ThousandSeparator = '.';
+    EXPECT_EQ(Money::Parse("1.234,56"), Money::FromCents(123456));
+    EXPECT_EQ(Money::Parse("(0,5)"), Money::FromCents(-50));
+    EXPECT_FALSE(Money::Parse("1,234.56").has_value());
+}
+
+TEST(MoneyTextTest, ToStringKeepsFourDecimalsAndReadsBack) {
+    EXPECT_EQ(Money::FromUnits(-12345000).ToString(), "-1234.5000");
+    EXPECT_EQ(Money::FromUnits(1).ToString(), "0.0001");
+    EXPECT_EQ(Money::FromUnits(-1).ToString(), "-0.0001");
+    EXPECT_EQ(Money().ToString(), "0.0000");
+    EXPECT_EQ(Money::FromUnits(std::numeric_limits<std::int64_t>::min()).ToString(),
+              "-922337203685477.5808");
+    const std::int64_t samples[] = {
+        0, 1, -1, 99999, -123456789, 10000000000, std::numeric_limits<std::int64_t>::max()};
+    for (std::int64_t units : samples) {
+        EXPECT_EQ(Money::Parse(Money::FromUnits(units).ToString()), Money::FromUnits(units))
+            << units;
+    }
+}
+
+TEST(MoneyArithmeticTest, SumsStayExact) {
+    Money total;
+    for (int i = 0; i < 1000; ++i)
+        total += Money::FromCents(1); // 0.01 a thousand times: no drift as with doubles
+    EXPECT_EQ(total, Money::FromWhole(10));
+    total -= Money::FromUnits(5);
+    EXPECT_EQ(total.Units(), 99995);
+    EXPECT_EQ((Money::FromCents(150) * 3 - Money::FromWhole(1)).Units(), 35000);
+    EXPECT_DOUBLE_EQ(Money::FromUnits(-12345).ToDouble(), -1.2345);
+}
