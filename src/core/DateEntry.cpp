@@ -32,6 +32,25 @@ DateOrder ShortDateOrder() {
     return DateOrder::MonthDayYear;
 }
 
+// Where the year, month and day stand among the three parts of a typed date.
+struct PartPositions {
+    std::size_t year;
+    std::size_t month;
+    std::size_t day;
+};
+
+PartPositions PositionsOf(DateOrder order) {
+    switch (order) {
+    case DateOrder::DayMonthYear:
+        return {2, 1, 0};
+    case DateOrder::YearMonthDay:
+        return {0, 1, 2};
+    case DateOrder::MonthDayYear:
+        break;
+    }
+    return {2, 0, 1};
+}
+
 [[noreturn]] void ThrowInvalidDate(std::string_view text) {
     throw Exception("'" + std::string(text) + "' is not a valid date");
 }
@@ -115,18 +134,10 @@ Date StrToDate(std::string_view text) {
     }
     if (count != parts.size()) ThrowInvalidDate(text);
 
-    std::optional<int> year, month, day;
-    switch (ShortDateOrder()) {
-    case DateOrder::DayMonthYear:
-        day = ReadNumber(parts[0], 2), month = ReadNumber(parts[1], 2), year = ReadYear(parts[2]);
-        break;
-    case DateOrder::YearMonthDay:
-        year = ReadYear(parts[0]), month = ReadNumber(parts[1], 2), day = ReadNumber(parts[2], 2);
-        break;
-    case DateOrder::MonthDayYear:
-        month = ReadNumber(parts[0], 2), day = ReadNumber(parts[1], 2), year = ReadYear(parts[2]);
-        break;
-    }
+    const PartPositions at = PositionsOf(ShortDateOrder());
+    const std::optional<int> year = ReadYear(parts[at.year]);
+    const std::optional<int> month = ReadNumber(parts[at.month], 2);
+    const std::optional<int> day = ReadNumber(parts[at.day], 2);
     if (!year || !month || !day) ThrowInvalidDate(text);
     if (auto date = Date::TryFromYmd(*year, *month, *day)) return *date;
     ThrowInvalidDate(text);

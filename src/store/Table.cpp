@@ -138,6 +138,9 @@ void Table::SelectIndex(const std::string& name) {
         ThrowEngineError(errIndexNotFound, "Index '" + name + "' not found for table '" + def_->Name + "'");
     index_ = ix;
     order_ = KeyOrder(*def_, ix);
+    keyList_ = "rowid";
+    for (const auto& t : order_.Terms())
+        if (t.Field >= 0) keyList_ += ", " + schema::QuoteIdent(def_->Fields[static_cast<std::size_t>(t.Field)].Name);
 }
 
 void Table::RebuildBaseCondition() {
@@ -165,8 +168,9 @@ KeyOrder::Position Table::PositionOf(const Row& row) const {
     return p;
 }
 
-std::vector<Table::Row> Table::RunRows(const SqlCondition& where, bool reverse, std::size_t limit) {
-    std::string sql = "SELECT " + selectList_ + " FROM " + QualifiedName();
+std::vector<Table::Row> Table::RunRows(const SqlCondition& where, bool reverse, std::size_t limit,
+                                       bool keysOnly) {
+    std::string sql = "SELECT " + (keysOnly ? keyList_ : selectList_) + " FROM " + QualifiedName();
     if (!where.Empty()) sql += " WHERE " + where.Sql;
     sql += " ORDER BY " + order_.OrderBy(reverse) + " LIMIT ?";
     Statement& s = db_.Conn().Cached(sql);
@@ -178,16 +182,25 @@ std::vector<Table::Row> Table::RunRows(const SqlCondition& where, bool reverse, 
     while (s.Step()) {
         Row r;
         r.RowId = s.ColumnInt(0);
-        r.Values.reserve(fields.size());
-        for (std::size_t i = 0; i < fields.size(); ++i)
-            r.Values.push_back(s.ColumnValue(static_cast<int>(i) + 1, fields[i].Type));
+        if (keysOnly) {
+            r.Values.resize(fields.size());
+            int column = 1;
+            for (const auto& t : order_.Terms())
+                if (t.Field >= 0)
+                    r.Values[static_cast<std::size_t>(t.Field)] =
+                        s.ColumnValue(column++, fields[static_cast<std::size_t>(t.Field)].Type);
+        } else {
+            r.Values.reserve(fields.size());
+            for (std::size_t i = 0; i < fields.size(); ++i)
+                r.Values.push_back(s.ColumnValue(static_cast<int>(i) + 1, fields[i].Type));
+        }
         rows.push_back(std::move(r));
     }
     return rows;
 }
 
 std::vector<Table::Row> Table::Read(const std::optional<Row>& from, bool forward, std::size_t count,
-                                    bool& exhausted, const SqlCondition& extra) {
+                                    bool& exhausted, const SqlCondition& extra, bool keysOnly) {
     std::vector<Row> out;
     exhausted = false;
     std::optional<Row> after = from;
@@ -200,14 +213,14 @@ std::vector<Table::Row> Table::Read(const std::optional<Row>& from, bool forward
         auto groups = after ? (forward ? order_.After(PositionOf(*after)) : order_.Before(PositionOf(*after)))
                             : order_.Everything(forward);
         for (const auto& group : groups) {
-            auto part = RunRows(where.And(group), !forward, want - raw.size());
+            auto part = RunRows(where.And(group), !forward, want - raw.size(), keysOnly);
             for (auto& r : part) raw.push_back(std::move(r));
             if (raw.size() == want) break;
         }
         bool reachedEnd = raw.size() < want;
         if (!raw.empty()) after = raw.back();
         for (auto& r : raw)
-            if (AcceptRow(r)) out.push_back(std::move(r));
+            if (keysOnly || AcceptRow(r)) out.push_back(std::move(r));
         if (reachedEnd) {
             exhausted = true;
             break;
@@ -272,6 +285,10 @@ int Table::DoMoveBy(int distance, std::optional<Row>& row) {
             continue;
         }
         if (forward ? windowAtEnd_ : windowAtStart_) break;
+        if (wanted - moved > ReadAhead && !FiltersRows()) {
+            moved += static_cast<std::size_t>(SkipByKeys(forward, wanted - moved));
+            break;
+        }
         bool exhausted = false;
         std::size_t chunk = std::clamp(wanted - moved, ReadAhead, MaxWindow);
         auto more = Read(forward ? window_.back() : window_.front(), forward, chunk, exhausted);
@@ -303,6 +320,23 @@ int Table::DoMoveBy(int distance, std::optional<Row>& row) {
     else SetEdges(reachedEdge, moved > 0 ? false : Eof());
     row = window_[pos_];
     return forward ? static_cast<int>(moved) : -static_cast<int>(moved);
+}
+
+int Table::SkipByKeys(bool forward, std::size_t distance) {
+    bool exhausted = false;
+    Row from = forward ? window_.back() : window_.front();
+    auto keys = Read(from, forward, distance, exhausted, {}, true);
+    if (keys.empty()) {
+        (forward ? windowAtEnd_ : windowAtStart_) = true;
+        return 0;
+    }
+    auto row = ReadRowId(keys.back().RowId, false);
+    if (!row) return 0; // gone between the two reads: stay, the next move reads again
+    window_.assign(1, std::move(*row));
+    pos_ = 0;
+    windowAtStart_ = !forward && keys.size() < distance;
+    windowAtEnd_ = forward && keys.size() < distance;
+    return static_cast<int>(keys.size());
 }
 
 std::int64_t Table::DoRecordCount() {
@@ -512,7 +546,15 @@ Table::Row Table::DoInsertRow(std::vector<Value>& values) {
     bool autoInc = std::any_of(def_->Fields.begin(), def_->Fields.end(),
                                [](const FieldDef& f) { return f.Type == FieldType::AutoInc; });
     // A counter drawn for a row that is then refused must not be lost: both go or neither.
-    if (autoInc) conn.Exec("SAVEPOINT corvane_insert");
+    // Inside a run's transaction a refused row only leaves a gap, which costs nothing, so the
+    // savepoint is spared there.
+    bool savepoint = autoInc && !db_.InTransaction();
+    auto step = [&](const char* sql) {
+        Statement& s = conn.Cached(sql);
+        StatementRun run(s);
+        s.Step();
+    };
+    if (savepoint) step("SAVEPOINT corvane_insert");
     try {
         for (std::size_t i = 0; i < def_->Fields.size(); ++i) {
             const auto& f = def_->Fields[i];
@@ -527,11 +569,11 @@ Table::Row Table::DoInsertRow(std::vector<Value>& values) {
         StatementRun run(s);
         s.BindAll(values);
         s.Step();
-        if (autoInc) conn.Exec("RELEASE corvane_insert");
+        if (savepoint) step("RELEASE corvane_insert");
     } catch (const EngineError& e) {
-        if (autoInc) {
-            conn.Exec("ROLLBACK TO corvane_insert");
-            conn.Exec("RELEASE corvane_insert");
+        if (savepoint) {
+            step("ROLLBACK TO corvane_insert");
+            step("RELEASE corvane_insert");
         }
         for (std::size_t i = 0; i < def_->Fields.size(); ++i)
             if (def_->Fields[i].Type == FieldType::AutoInc && Buffer()[i].IsNull()) values[i] = Value();

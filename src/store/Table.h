@@ -96,8 +96,12 @@ private:
     // the end, or before a row, nearest first); rows the filter handler rejects are skipped.
     // exhausted tells whether the end was reached.
     std::vector<Row> Read(const std::optional<Row>& from, bool forward, std::size_t count,
-                          bool& exhausted, const SqlCondition& extra = {});
-    std::vector<Row> RunRows(const SqlCondition& where, bool reverse, std::size_t limit);
+                          bool& exhausted, const SqlCondition& extra = {}, bool keysOnly = false);
+    // keysOnly reads just the row id and the index keys (the rest stays null): enough to know a
+    // position, and served from the index alone.
+    std::vector<Row> RunRows(const SqlCondition& where, bool reverse, std::size_t limit, bool keysOnly = false);
+    // Skips |distance| rows ahead of (or behind) the window by their keys and stands on the last.
+    int SkipByKeys(bool forward, std::size_t distance);
     std::optional<Row> ReadRowId(std::int64_t rowId, bool withinView);
     void ResetWindow(std::optional<Row> row);
     void FollowMaster();
@@ -115,6 +119,7 @@ private:
     const IndexDef* index_ = nullptr;
     KeyOrder order_;
     std::string selectList_;
+    std::string keyList_;
     std::optional<std::pair<std::vector<Value>, std::vector<Value>>> range_;
     SqlCondition filterCondition_;
     SqlCondition baseCondition_; // range, master link and filter
