@@ -43,7 +43,7 @@ TEST_F(Queries, ParametersBindTypedValuesAndAPreparedQueryRunsAgain) {
     EXPECT_EQ(q.RecordCount(), 2); // 1 and 5; 3 owes nothing
     q.Close();
     // A money parameter meets a money column in its own scale.
-    q.SetSQL("SELECT InvoiceNo FROM APInv WHERE InvoiceAmount > :Amount AND InvoiceDate <= :AsOf");
+    q.SetSQL("SELECT InvoiceNo FROM APInv WHERE InvoiceAmount > :Amount AND InvoiceDate <= :AsOf ORDER BY InvoiceNo");
     q.ParamByName("Amount").SetAsMoney(Money::FromCents(30001));
     q.ParamByName("AsOf").SetAsDate(Date::FromYmd(2017, 3, 5));
     q.Open();

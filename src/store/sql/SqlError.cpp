@@ -1,0 +1,15 @@
+#include "store/sql/SqlError.h"
+
+#include "store/EngineError.h"
+
+namespace corvane::store::sql {
+
+std::string PositionText(SourcePos pos) {
+    return " at line " + std::to_string(pos.Line) + ", column " + std::to_string(pos.Column);
+}
+
+void ThrowSqlSyntax(const std::string& what, SourcePos pos) {
+    ThrowEngineError(errSqlSyntax, "SQL error: " + what + PositionText(pos));
+}
+
+} // namespace corvane::store::sql
