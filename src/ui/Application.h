@@ -1,0 +1,113 @@
+#pragma once
+
+#include "ui/DesktopServices.h"
+#include "ui/Dialogs.h"
+
+#include <exception>
+#include <functional>
+#include <memory>
+#include <optional>
+#include <string>
+#include <string_view>
+#include <vector>
+
+namespace corvane::ui {
+
+class Form;
+class Host;
+
+// The running program as its forms see it: the forms by component name, the one routine every
+// user event runs through, message boxes, the wait cursor and timers. The host, the dialogs and
+// the desktop services are ports, given by the desktop program or by a test.
+class Application {
+public:
+    Application(Host& host, Dialogs& dialogs, DesktopServices& desktop);
+    ~Application();
+    Application(const Application&) = delete;
+    Application& operator=(const Application&) = delete;
+
+    // The title of message boxes.
+    std::string Title = "Corvane";
+
+    Host& GetHost() const { return host_; }
+    Dialogs& GetDialogs() const { return dialogs_; }
+    DesktopServices& Desktop() const { return desktop_; }
+
+    // ----- forms
+    // A new form owned by the application, with the wait cursor on while it is made.
+    template <class T, class... Args> T& CreateForm(Args&&... args) {
+        WaitGuard wait(*this);
+        auto form = std::make_unique<T>(*this, std::forward<Args>(args)...);
+        T& ref = *form;
+        owned_.push_back(std::move(form));
+        Created(ref);
+        return ref;
+    }
+    // The one form of class T: the existing one, else a new one. Menus open forms this way so that
+    // no form is there twice.
+    template <class T, class... Args> T& SingleForm(Args&&... args) {
+        for (Form* f : forms_)
+            if (auto* t = dynamic_cast<T*>(f)) return *t;
+        return CreateForm<T>(std::forward<Args>(args)...);
+    }
+    Form* FindForm(std::string_view name) const;
+    // As FindForm, but a ScriptError when there is no such form.
+    Form& GetForm(std::string_view name) const;
+    // All forms, in the order they were made.
+    const std::vector<Form*>& Forms() const { return forms_; }
+    // Destroys a form the application owns; inside an event, once the event is over.
+    void FreeForm(Form& form);
+    Form* MainForm() const { return mainForm_; }
+    void SetMainForm(Form& form) { mainForm_ = &form; }
+
+    // ----- the message loop rule
+    // Runs what a user event triggers (a click, a key, a menu command, a timer). An exception
+    // that escapes is shown with its message in an error box; an EAbort ends the handler
+    // silently. A ScriptError passes through: it is the driver's mistake, not the program's.
+    void Run(const std::function<void()>& handler);
+    void HandleException(const std::exception& e);
+    bool InEvent() const { return depth_ > 0; }
+
+    // ----- messages; the box title is Title
+    MsgButton MessageDlg(const std::string& text, MsgType type, MsgButtons buttons,
+                         std::optional<MsgButton> defaultButton = std::nullopt);
+    void ShowMessage(const std::string& text);
+
+    // ----- wait cursor; see WaitCursor
+    int WaitDepth() const { return waitDepth_; }
+
+    // ----- timers: the callback runs as a user event, through Run
+    TimerId StartTimer(int intervalMs, bool repeating, std::function<void()> callback);
+    void StopTimer(TimerId id);
+
+    // Lets the host paint and take input during a long command.
+    void ProcessMessages();
+
+private:
+    friend class Form;
+    friend class WaitCursor;
+    struct WaitGuard {
+        explicit WaitGuard(Application& app) : app_(app) { app_.BeginWait(); }
+        ~WaitGuard() { app_.EndWait(); }
+        Application& app_;
+    };
+    void Register(Form& form);
+    void Unregister(Form& form);
+    void Created(Form& form);
+    void BeginWait();
+    void EndWait();
+    void FreePendingForms();
+
+    Host& host_;
+    Dialogs& dialogs_;
+    DesktopServices& desktop_;
+    std::vector<Form*> forms_;
+    std::vector<std::unique_ptr<Form>> owned_;
+    std::vector<Form*> pendingFree_;
+    Form* mainForm_ = nullptr;
+    int depth_ = 0;     // events (and modal loops) under way
+    int loopDepth_ = 0; // depth_ of the innermost message loop: its events end there
+    int waitDepth_ = 0;
+};
+
+} // namespace corvane::ui
