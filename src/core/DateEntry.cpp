@@ -1,4 +1,5 @@
 #include "core/DateEntry.h"
+#include "core/Text.h"
 
 #include "core/Exception.h"
 #include "core/FormatSettings.h"
@@ -53,14 +54,6 @@ PartPositions PositionsOf(DateOrder order) {
 
 [[noreturn]] void ThrowInvalidDate(std::string_view text) {
     throw Exception("'" + std::string(text) + "' is not a valid date");
-}
-
-std::string_view TrimBlanks(std::string_view text) {
-    while (!text.empty() && (text.front() == ' ' || text.front() == '\t'))
-        text.remove_prefix(1);
-    while (!text.empty() && (text.back() == ' ' || text.back() == '\t'))
-        text.remove_suffix(1);
-    return text;
 }
 
 // A part of a typed date: 1 to |maxDigits| digits and nothing else.

@@ -1,4 +1,5 @@
 #include "core/Money.h"
+#include "core/Text.h"
 
 #include "core/Exception.h"
 #include "core/FormatSettings.h"
@@ -13,14 +14,6 @@ namespace corvane {
 namespace {
 
 constexpr std::int64_t maxUnits = std::numeric_limits<std::int64_t>::max();
-
-std::string_view TrimBlanks(std::string_view text) {
-    while (!text.empty() && (text.front() == ' ' || text.front() == '\t'))
-        text.remove_prefix(1);
-    while (!text.empty() && (text.back() == ' ' || text.back() == '\t'))
-        text.remove_suffix(1);
-    return text;
-}
 
 bool IsDigit(char c) {
     return c >= '0' && c <= '9';

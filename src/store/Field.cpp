@@ -2,6 +2,7 @@
 
 #include "core/DateEntry.h"
 #include "core/DisplayFormat.h"
+#include "core/Text.h"
 #include "store/DataSet.h"
 #include "store/EngineError.h"
 #include "store/TableDef.h"
@@ -19,9 +20,7 @@ std::vector<std::string> SplitFieldList(std::string_view list) {
     while (start <= list.size()) {
         std::size_t end = list.find(';', start);
         if (end == std::string_view::npos) end = list.size();
-        std::string_view part = list.substr(start, end - start);
-        while (!part.empty() && part.front() == ' ') part.remove_prefix(1);
-        while (!part.empty() && part.back() == ' ') part.remove_suffix(1);
+        std::string_view part = TrimBlanks(list.substr(start, end - start));
         if (!part.empty()) out.emplace_back(part);
         start = end + 1;
     }
@@ -127,9 +126,7 @@ bool Field::AsBoolean() const {
 
 static std::int64_t ParseInteger(const Field& f, std::string_view text) {
     std::int64_t n = 0;
-    std::string_view t = text;
-    while (!t.empty() && t.front() == ' ') t.remove_prefix(1);
-    while (!t.empty() && t.back() == ' ') t.remove_suffix(1);
+    std::string_view t = TrimBlanks(text);
     if (!t.empty() && t.front() == '+') t.remove_prefix(1);
     auto [p, ec] = std::from_chars(t.data(), t.data() + t.size(), n);
     if (t.empty() || ec != std::errc() || p != t.data() + t.size()) BadValue(f, std::string(text), "integer");

@@ -1,4 +1,5 @@
 #include "store/FilterExpression.h"
+#include "core/Text.h"
 
 #include "store/EngineError.h"
 
@@ -15,14 +16,6 @@ namespace corvane::store {
 namespace {
 
 // ----- reading literal text
-
-std::string_view TrimBlanks(std::string_view text) {
-    while (!text.empty() && (text.front() == ' ' || text.front() == '\t'))
-        text.remove_prefix(1);
-    while (!text.empty() && (text.back() == ' ' || text.back() == '\t'))
-        text.remove_suffix(1);
-    return text;
-}
 
 std::optional<std::int64_t> ParseInteger(std::string_view text) {
     text = TrimBlanks(text);
