@@ -41,7 +41,8 @@ void FillGLHist(Table& t, int i) {
 // One open company with `rows` GLHist rows, made on first use.
 struct Company {
     explicit Company(int rows) {
-        folder = (fs::temp_directory_path() / ("corvane-bench-glhist-" + std::to_string(rows))).string();
+        folder =
+            (fs::temp_directory_path() / ("corvane-bench-glhist-" + std::to_string(rows))).string();
         if (!Database::IsDatabaseFolder(folder)) {
             fs::remove_all(folder);
             tables::CreateCompanyDatabase(folder);
@@ -52,7 +53,8 @@ struct Company {
             t.Open();
             for (int done = 0; done < rows;) {
                 Transaction tx(build, {"GLHist"});
-                for (int n = 0; n < 50000 && done < rows; ++n, ++done) FillGLHist(t, done);
+                for (int n = 0; n < 50000 && done < rows; ++n, ++done)
+                    FillGLHist(t, done);
                 tx.Commit();
             }
         }
@@ -123,7 +125,8 @@ void BM_LocateIndexedKey(benchmark::State& state) {
     t.Open();
     std::mt19937 rng(1);
     for (auto _ : state) {
-        bool found = t.Locate("GLHistID", {Value(static_cast<int>(1 + rng() % static_cast<unsigned>(rows)))});
+        bool found = t.Locate("GLHistID",
+                              {Value(static_cast<int>(1 + rng() % static_cast<unsigned>(rows)))});
         benchmark::DoNotOptimize(found);
     }
 }
@@ -168,7 +171,8 @@ void BM_InsertGLHistStore(benchmark::State& state) {
         t.Open();
         state.ResumeTiming();
         Transaction tx(company->db, {"GLHist"});
-        for (int i = 0; i < InsertBatch; ++i) FillGLHist(t, i);
+        for (int i = 0; i < InsertBatch; ++i)
+            FillGLHist(t, i);
         tx.Commit();
         state.PauseTiming();
         t.Close();
@@ -183,9 +187,10 @@ void BM_InsertGLHistPlainSqlite(benchmark::State& state) {
         state.PauseTiming();
         auto company = std::make_unique<FreshCompany>();
         auto& conn = company->db.Conn();
-        Statement s(conn, "INSERT INTO GLHist (GLHistID, GLAccountID, GLYear, GLPeriod, Source, TransType, "
-                          "JVNumber, JVID, TransDate, Amount, TransDescription, Reconciled) "
-                          "VALUES (?1, ?2, ?3, ?4, ?5, ?6, ?7, ?8, ?9, ?10, ?11, ?12)");
+        Statement s(
+            conn, "INSERT INTO GLHist (GLHistID, GLAccountID, GLYear, GLPeriod, Source, TransType, "
+                  "JVNumber, JVID, TransDate, Amount, TransDescription, Reconciled) "
+                  "VALUES (?1, ?2, ?3, ?4, ?5, ?6, ?7, ?8, ?9, ?10, ?11, ?12)");
         state.ResumeTiming();
         conn.Exec("BEGIN IMMEDIATE");
         for (int i = 0; i < InsertBatch; ++i) {

@@ -18,6 +18,8 @@ public:
     EAbort() : Exception("Operation aborted") {}
 };
 
-[[noreturn]] inline void Abort() { throw EAbort(); }
+[[noreturn]] inline void Abort() {
+    throw EAbort();
+}
 
 } // namespace corvane

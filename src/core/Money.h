@@ -38,8 +38,14 @@ public:
     constexpr Money operator+(Money o) const { return Money(units_ + o.units_); }
     constexpr Money operator-(Money o) const { return Money(units_ - o.units_); }
     constexpr Money operator*(std::int64_t n) const { return Money(units_ * n); }
-    Money& operator+=(Money o) { units_ += o.units_; return *this; }
-    Money& operator-=(Money o) { units_ -= o.units_; return *this; }
+    Money& operator+=(Money o) {
+        units_ += o.units_;
+        return *this;
+    }
+    Money& operator-=(Money o) {
+        units_ -= o.units_;
+        return *this;
+    }
     constexpr auto operator<=>(const Money&) const = default;
 
     // Plain text with four decimals and no separators, as stored in text: "-1234.5000".

@@ -18,7 +18,8 @@ Field& DataSet::AddStoredField(const std::string& name, FieldType type, int size
     Field& ref = *field;
     fields_.insert(fields_.begin() + storedCount_, std::move(field));
     ++storedCount_;
-    for (std::size_t i = 0; i < fields_.size(); ++i) fields_[i]->SetIndex(static_cast<int>(i));
+    for (std::size_t i = 0; i < fields_.size(); ++i)
+        fields_[i]->SetIndex(static_cast<int>(i));
     return ref;
 }
 
@@ -26,13 +27,14 @@ void DataSet::ClearStoredFields() {
     if (Active()) FailState("Fields cannot be removed from an open dataset");
     fields_.erase(fields_.begin(), fields_.begin() + storedCount_);
     storedCount_ = 0;
-    for (std::size_t i = 0; i < fields_.size(); ++i) fields_[i]->SetIndex(static_cast<int>(i));
+    for (std::size_t i = 0; i < fields_.size(); ++i)
+        fields_[i]->SetIndex(static_cast<int>(i));
 }
 
 Field& DataSet::AddCalculatedField(std::string name, FieldType type, int size) {
     if (Active()) FailState("Fields cannot be added to an open dataset");
-    fields_.push_back(std::make_unique<Field>(*this, static_cast<int>(fields_.size()), std::move(name),
-                                              type, size, FieldKind::Calculated));
+    fields_.push_back(std::make_unique<Field>(*this, static_cast<int>(fields_.size()),
+                                              std::move(name), type, size, FieldKind::Calculated));
     return *fields_.back();
 }
 
@@ -40,8 +42,8 @@ Field& DataSet::AddLookupField(std::string name, FieldType type, int size, std::
                                DataSet& lookupDataSet, std::string lookupKeyFields,
                                std::string resultField) {
     if (Active()) FailState("Fields cannot be added to an open dataset");
-    fields_.push_back(std::make_unique<Field>(*this, static_cast<int>(fields_.size()), std::move(name),
-                                              type, size, FieldKind::Lookup));
+    fields_.push_back(std::make_unique<Field>(*this, static_cast<int>(fields_.size()),
+                                              std::move(name), type, size, FieldKind::Lookup));
     Field& f = *fields_.back();
     f.KeyFields = std::move(keyFields);
     f.LookupDataSet = &lookupDataSet;
@@ -91,7 +93,9 @@ void DataSet::FailState(const std::string& what) const {
 
 // ----- the current record
 
-void DataSet::ResetBuffer() { buffer_.assign(fields_.size(), Value()); }
+void DataSet::ResetBuffer() {
+    buffer_.assign(fields_.size(), Value());
+}
 
 std::vector<Value> DataSet::StoredBuffer() const {
     return std::vector<Value>(buffer_.begin(), buffer_.begin() + storedCount_);
@@ -100,8 +104,7 @@ std::vector<Value> DataSet::StoredBuffer() const {
 void DataSet::SetCurrent(std::optional<Row> row) {
     current_ = std::move(row);
     ResetBuffer();
-    if (current_)
-        std::copy(current_->Values.begin(), current_->Values.end(), buffer_.begin());
+    if (current_) std::copy(current_->Values.begin(), current_->Values.end(), buffer_.begin());
     CalculateFields();
 }
 
@@ -129,7 +132,8 @@ void DataSet::FieldWritten(Field& field) {
 }
 
 void DataSet::CalculateFields() {
-    bool any = std::any_of(fields_.begin(), fields_.end(), [](const auto& f) { return f->IsCalculated(); });
+    bool any = std::any_of(fields_.begin(), fields_.end(),
+                           [](const auto& f) { return f->IsCalculated(); });
     if (!any || calculating_) return;
     calculating_ = true;
     DataSetState saved = state_;
@@ -201,9 +205,13 @@ void DataSet::Last() {
     Scrolled();
 }
 
-void DataSet::Next() { MoveBy(1); }
+void DataSet::Next() {
+    MoveBy(1);
+}
 
-void DataSet::Prior() { MoveBy(-1); }
+void DataSet::Prior() {
+    MoveBy(-1);
+}
 
 int DataSet::MoveBy(int distance) {
     CheckActive();
@@ -234,7 +242,8 @@ std::int64_t DataSet::RecordCount() {
 
 std::vector<int> DataSet::FieldIndexes(std::string_view fieldList) {
     std::vector<int> out;
-    for (const auto& name : SplitFieldList(fieldList)) out.push_back(FieldByName(name).Index());
+    for (const auto& name : SplitFieldList(fieldList))
+        out.push_back(FieldByName(name).Index());
     return out;
 }
 
@@ -248,13 +257,15 @@ static std::vector<Value> CoerceKeys(DataSet& ds, const std::vector<int>& fields
     for (std::size_t i = 0; i < fields.size(); ++i) {
         Field& f = *ds.Fields()[static_cast<std::size_t>(fields[i])];
         if (f.IsCalculated())
-            ThrowEngineError(errFieldNotFound, "Field '" + f.FieldName() + "' is not a stored field");
+            ThrowEngineError(errFieldNotFound,
+                             "Field '" + f.FieldName() + "' is not a stored field");
         out.push_back(values[i].IsNull() ? values[i] : f.Coerce(values[i]));
     }
     return out;
 }
 
-bool DataSet::Locate(std::string_view fields, const std::vector<Value>& values, LocateOptions options) {
+bool DataSet::Locate(std::string_view fields, const std::vector<Value>& values,
+                     LocateOptions options) {
     CheckActive();
     CheckBrowseMode();
     auto indexes = FieldIndexes(fields);
@@ -269,7 +280,8 @@ bool DataSet::Locate(std::string_view fields, const std::vector<Value>& values, 
     return true;
 }
 
-std::vector<Value> DataSet::LookupValues(std::string_view keyFields, const std::vector<Value>& values,
+std::vector<Value> DataSet::LookupValues(std::string_view keyFields,
+                                         const std::vector<Value>& values,
                                          std::string_view resultFields) {
     CheckActive();
     auto indexes = FieldIndexes(keyFields);
@@ -278,8 +290,10 @@ std::vector<Value> DataSet::LookupValues(std::string_view keyFields, const std::
     auto row = DoLocate(indexes, keys, false);
     std::vector<Value> out;
     for (int r : results) {
-        if (!row || r >= storedCount_) out.emplace_back();
-        else out.push_back(row->Values[static_cast<std::size_t>(r)]);
+        if (!row || r >= storedCount_)
+            out.emplace_back();
+        else
+            out.push_back(row->Values[static_cast<std::size_t>(r)]);
     }
     return out;
 }
@@ -315,8 +329,10 @@ void DataSet::SetState(DataSetState state) {
 void DataSet::CheckBrowseMode() {
     CheckActive();
     if (state_ == DataSetState::Edit || state_ == DataSetState::Insert) {
-        if (modified_) Post();
-        else Cancel();
+        if (modified_)
+            Post();
+        else
+            Cancel();
     }
 }
 
@@ -359,9 +375,13 @@ void DataSet::StartInsert() {
     if (AfterInsert) AfterInsert(*this);
 }
 
-void DataSet::Insert() { StartInsert(); }
+void DataSet::Insert() {
+    StartInsert();
+}
 
-void DataSet::Append() { StartInsert(); }
+void DataSet::Append() {
+    StartInsert();
+}
 
 void DataSet::Edit() {
     CheckActive();
@@ -380,9 +400,8 @@ void DataSet::Edit() {
                 SetCurrent(std::move(stored));
                 Notify(DataEvent::RecordChanged);
             }
-            ThrowEngineError(errRecordChanged,
-                             stored ? "Record has been changed by another user"
-                                    : "Record has been deleted by another user");
+            ThrowEngineError(errRecordChanged, stored ? "Record has been changed by another user"
+                                                      : "Record has been deleted by another user");
         }
     });
     modified_ = false;
@@ -397,7 +416,8 @@ void DataSet::Post() {
     if (BeforePost) BeforePost(*this);
     for (int i = 0; i < storedCount_; ++i) {
         const Field& f = *fields_[static_cast<std::size_t>(i)];
-        if (f.Required && buffer_[static_cast<std::size_t>(i)].IsNull() && f.DataType() != FieldType::AutoInc)
+        if (f.Required && buffer_[static_cast<std::size_t>(i)].IsNull() &&
+            f.DataType() != FieldType::AutoInc)
             ThrowEngineError(errRequiredField, "Field '" + f.Label() + "' must have a value");
     }
     WithErrorHandler(OnPostError, [&] { DoPostWork(); });
@@ -511,7 +531,9 @@ void DataSet::Notify(DataEvent event, Field* field) {
             o->DataSetNotify(*this, event, field);
 }
 
-void DataSet::DisableControls() { ++disableCount_; }
+void DataSet::DisableControls() {
+    ++disableCount_;
+}
 
 void DataSet::EnableControls() {
     if (disableCount_ == 0) return;

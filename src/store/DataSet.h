@@ -19,10 +19,10 @@ enum class DataSetState { Inactive, Browse, Edit, Insert, CalcFields };
 enum class DataAction { Fail, Abort, Retry };
 
 enum class DataEvent {
-    DataSetChanged,  // the whole view: opened, filtered, ranged, refreshed
-    RecordChanged,   // another row became current
-    StateChanged,    // browse, edit, insert
-    FieldChanged,    // a field of the current record took a value
+    DataSetChanged, // the whole view: opened, filtered, ranged, refreshed
+    RecordChanged,  // another row became current
+    StateChanged,   // browse, edit, insert
+    FieldChanged,   // a field of the current record took a value
     DataSetClosed,
 };
 
@@ -67,7 +67,8 @@ public:
 
     // First match in the order of the active index, within range and filter; the record
     // stays where it was when nothing matches. Fields are separated by ';'.
-    bool Locate(std::string_view fields, const std::vector<Value>& values, LocateOptions options = {});
+    bool Locate(std::string_view fields, const std::vector<Value>& values,
+                LocateOptions options = {});
     // As Locate, but the cursor does not move; null when nothing matches. Several result
     // fields are separated by ';' and LookupValues returns them all.
     Value Lookup(std::string_view keyFields, const std::vector<Value>& values,
@@ -144,8 +145,8 @@ protected:
     virtual int DoMoveBy(int distance, std::optional<Row>& row) = 0;
     virtual std::int64_t DoRecordCount() = 0;
     // The first match, without moving.
-    virtual std::optional<Row> DoLocate(const std::vector<int>& fields, const std::vector<Value>& values,
-                                        bool caseInsensitive) = 0;
+    virtual std::optional<Row> DoLocate(const std::vector<int>& fields,
+                                        const std::vector<Value>& values, bool caseInsensitive) = 0;
     // Makes row (found by DoLocate) the cursor's position.
     virtual void DoGoto(const Row& row) = 0;
     // Re-reads the current row; when it is gone, the row that now stands in its place.

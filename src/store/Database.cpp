@@ -16,7 +16,8 @@ namespace corvane::store {
 
 namespace fs = std::filesystem;
 
-Database::Database(Session& session, std::string name) : session_(session), name_(std::move(name)) {}
+Database::Database(Session& session, std::string name)
+    : session_(session), name_(std::move(name)) {}
 
 Database::~Database() {
     try {
@@ -65,7 +66,8 @@ void Database::Open() {
     conn->Exec("ATTACH DATABASE ':memory:' AS memory");
     conn->Exec(schema::CreateAutoIncTableStatement(MemorySchema));
     sql::RegisterSqlFunctions(conn->Handle());
-    locks_ = std::make_unique<LockManager>((fs::path(directory_) / LockFileName).string(), session_.Policy());
+    locks_ = std::make_unique<LockManager>((fs::path(directory_) / LockFileName).string(),
+                                           session_.Policy());
     conn_ = std::move(conn);
 }
 
@@ -109,7 +111,8 @@ LockManager& Database::Locks() {
 std::string Database::DefKey(std::string_view schemaName, std::string_view table) const {
     std::string key(schemaName);
     key += '.';
-    for (char c : table) key += static_cast<char>(std::toupper(static_cast<unsigned char>(c)));
+    for (char c : table)
+        key += static_cast<char>(std::toupper(static_cast<unsigned char>(c)));
     return key;
 }
 
@@ -128,7 +131,8 @@ const TableDef* Database::FindTableDefinition(std::string_view schemaName, std::
 const TableDef& Database::TableDefinition(std::string_view schemaName, std::string_view table) {
     if (const TableDef* def = FindTableDefinition(schemaName, table)) return *def;
     std::string where = schemaName == MemorySchema ? std::string("memory") : "'" + directory_ + "'";
-    ThrowEngineError(errTableNotFound, "Table '" + std::string(table) + "' does not exist in database " + where);
+    ThrowEngineError(errTableNotFound,
+                     "Table '" + std::string(table) + "' does not exist in database " + where);
 }
 
 bool Database::TableExists(std::string_view schemaName, std::string_view table) {
@@ -151,7 +155,8 @@ void Database::CreateTable(const TableDef& def, std::string_view schemaName) {
     // The table and all its indexes, or nothing.
     conn_->Exec("SAVEPOINT corvane_create");
     try {
-        for (const auto& statement : schema::CreateTableStatements(def, schemaName)) conn_->Exec(statement);
+        for (const auto& statement : schema::CreateTableStatements(def, schemaName))
+            conn_->Exec(statement);
         conn_->Exec(schema::CreateAutoIncTableStatement(schemaName));
         conn_->Exec("RELEASE corvane_create");
     } catch (...) {
@@ -162,7 +167,8 @@ void Database::CreateTable(const TableDef& def, std::string_view schemaName) {
     ForgetDefinition(schemaName, def.Name);
 }
 
-void Database::CreateIndex(std::string_view schemaName, std::string_view table, const IndexDef& index) {
+void Database::CreateIndex(std::string_view schemaName, std::string_view table,
+                           const IndexDef& index) {
     TableDef def = TableDefinition(schemaName, table);
     conn_->Exec(schema::CreateIndexStatement(def, index, schemaName));
     ForgetDefinition(schemaName, table);
@@ -171,8 +177,9 @@ void Database::CreateIndex(std::string_view schemaName, std::string_view table, 
 void Database::DropTable(std::string_view schemaName, std::string_view table) {
     std::string name = TableDefinition(schemaName, table).Name;
     conn_->Exec("DROP TABLE " + schema::QuoteIdent(schemaName) + "." + schema::QuoteIdent(name));
-    Statement& s = conn_->Cached("DELETE FROM " + schema::QuoteIdent(schemaName) + "." +
-                                 schema::QuoteIdent(schema::AutoIncTable) + " WHERE TableName = ?1");
+    Statement& s =
+        conn_->Cached("DELETE FROM " + schema::QuoteIdent(schemaName) + "." +
+                      schema::QuoteIdent(schema::AutoIncTable) + " WHERE TableName = ?1");
     StatementRun run(s);
     s.Bind(1, Value(name));
     s.Step();
@@ -195,11 +202,13 @@ int Database::LockSlot(std::string_view schemaName, std::string_view table) cons
 
 // ----- auto-increment counters
 
-std::int64_t Database::NextAutoInc(std::string_view schemaName, std::string_view table, std::string_view field) {
-    Statement& s = Conn().Cached(
-        "INSERT INTO " + schema::QuoteIdent(schemaName) + "." + schema::QuoteIdent(schema::AutoIncTable) +
-        " (TableName, FieldName, LastValue) VALUES (?1, ?2, 1) "
-        "ON CONFLICT (TableName, FieldName) DO UPDATE SET LastValue = LastValue + 1 RETURNING LastValue");
+std::int64_t Database::NextAutoInc(std::string_view schemaName, std::string_view table,
+                                   std::string_view field) {
+    Statement& s = Conn().Cached("INSERT INTO " + schema::QuoteIdent(schemaName) + "." +
+                                 schema::QuoteIdent(schema::AutoIncTable) +
+                                 " (TableName, FieldName, LastValue) VALUES (?1, ?2, 1) "
+                                 "ON CONFLICT (TableName, FieldName) DO UPDATE SET LastValue = "
+                                 "LastValue + 1 RETURNING LastValue");
     StatementRun run(s);
     s.Bind(1, Value(std::string(table)));
     s.Bind(2, Value(std::string(field)));
@@ -207,12 +216,13 @@ std::int64_t Database::NextAutoInc(std::string_view schemaName, std::string_view
     return s.ColumnInt(0);
 }
 
-void Database::NoteAutoIncValue(std::string_view schemaName, std::string_view table, std::string_view field,
-                                std::int64_t value) {
-    Statement& s = Conn().Cached(
-        "INSERT INTO " + schema::QuoteIdent(schemaName) + "." + schema::QuoteIdent(schema::AutoIncTable) +
-        " (TableName, FieldName, LastValue) VALUES (?1, ?2, ?3) "
-        "ON CONFLICT (TableName, FieldName) DO UPDATE SET LastValue = max(LastValue, excluded.LastValue)");
+void Database::NoteAutoIncValue(std::string_view schemaName, std::string_view table,
+                                std::string_view field, std::int64_t value) {
+    Statement& s = Conn().Cached("INSERT INTO " + schema::QuoteIdent(schemaName) + "." +
+                                 schema::QuoteIdent(schema::AutoIncTable) +
+                                 " (TableName, FieldName, LastValue) VALUES (?1, ?2, ?3) "
+                                 "ON CONFLICT (TableName, FieldName) DO UPDATE SET LastValue = "
+                                 "max(LastValue, excluded.LastValue)");
     StatementRun run(s);
     s.Bind(1, Value(std::string(table)));
     s.Bind(2, Value(std::string(field)));
@@ -227,7 +237,8 @@ void Database::StartTransaction(const std::vector<std::string>& tables) {
     if (inTransaction_) ThrowEngineError(errTransaction, "A transaction is already active");
     for (const auto& t : tables)
         if (!TableExists(MainSchema, t) && !TableExists(MemorySchema, t))
-            ThrowEngineError(errTableNotFound, "Table '" + t + "' of the transaction does not exist");
+            ThrowEngineError(errTableNotFound,
+                             "Table '" + t + "' of the transaction does not exist");
     // IMMEDIATE takes the write lock now, so that a run never fails half way for want of it.
     conn_->Exec("BEGIN IMMEDIATE");
     inTransaction_ = true;
@@ -258,12 +269,17 @@ void Database::Rollback() {
 
 void Database::AfterRollback() {
     auto cursors = cursors_;
-    for (DataSet* c : cursors) c->DatabaseRolledBack();
+    for (DataSet* c : cursors)
+        c->DatabaseRolledBack();
 }
 
-void Database::RegisterCursor(DataSet* cursor) { cursors_.insert(cursor); }
+void Database::RegisterCursor(DataSet* cursor) {
+    cursors_.insert(cursor);
+}
 
-void Database::UnregisterCursor(DataSet* cursor) { cursors_.erase(cursor); }
+void Database::UnregisterCursor(DataSet* cursor) {
+    cursors_.erase(cursor);
+}
 
 Transaction::Transaction(Database& db, const std::vector<std::string>& tables) : db_(db) {
     db_.StartTransaction(tables);

@@ -2,6 +2,8 @@
 
 namespace corvane::store {
 
-void ThrowEngineError(int code, const std::string& message) { throw EngineError(code, message); }
+void ThrowEngineError(int code, const std::string& message) {
+    throw EngineError(code, message);
+}
 
 } // namespace corvane::store

@@ -20,12 +20,13 @@ enum EngineErrorCode : int {
     errTableNotFound = 11010,
     errNotADatabase = 11011,
     errTableExists = 11012,
-    errTableInUse = 11013, // opened exclusively by another, or open elsewhere when exclusive use is asked
+    errTableInUse =
+        11013, // opened exclusively by another, or open elsewhere when exclusive use is asked
     errFieldNotFound = 11020,
     errIndexNotFound = 11021,
     errFilterSyntax = 11030,
     errSqlSyntax = 11031,
-    errSqlRefused = 11032, // a statement that a read-only caller may not run
+    errSqlRefused = 11032,   // a statement that a read-only caller may not run
     errDataSetState = 11040, // not open, not in edit or insert state, and the like
     errTransaction = 11041,
     errIo = 11050,

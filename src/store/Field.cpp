@@ -32,9 +32,13 @@ Field::Field(DataSet& owner, int index, std::string name, FieldType type, int si
 
 // ----- reading
 
-bool Field::IsNull() const { return owner_.BufferValue(index_).IsNull(); }
+bool Field::IsNull() const {
+    return owner_.BufferValue(index_).IsNull();
+}
 
-const Value& Field::AsValue() const { return owner_.BufferValue(index_); }
+const Value& Field::AsValue() const {
+    return owner_.BufferValue(index_);
+}
 
 static std::string FloatText(double v) {
     char buf[64];
@@ -46,7 +50,8 @@ static std::string MoneyText(Money m) {
     // The shortest plain decimal: 12.5 rather than 12.5000.
     std::string s = m.ToString();
     if (s.find('.') != std::string::npos) {
-        while (s.back() == '0') s.pop_back();
+        while (s.back() == '0')
+            s.pop_back();
         if (s.back() == '.') s.pop_back();
     }
     return s;
@@ -55,14 +60,22 @@ static std::string MoneyText(Money m) {
 std::string Field::AsString() const {
     const Value& v = AsValue();
     switch (v.kind()) {
-    case Value::Kind::Null: return "";
-    case Value::Kind::Integer: return std::to_string(v.Int());
-    case Value::Kind::Float: return FloatText(v.Float());
-    case Value::Kind::Money: return MoneyText(v.Money());
-    case Value::Kind::String: return v.Str();
-    case Value::Kind::Date: return DateToStr(v.Date());
-    case Value::Kind::Boolean: return v.Bool() ? "True" : "False";
-    case Value::Kind::Blob: return v.BlobValue().Bytes;
+    case Value::Kind::Null:
+        return "";
+    case Value::Kind::Integer:
+        return std::to_string(v.Int());
+    case Value::Kind::Float:
+        return FloatText(v.Float());
+    case Value::Kind::Money:
+        return MoneyText(v.Money());
+    case Value::Kind::String:
+        return v.Str();
+    case Value::Kind::Date:
+        return DateToStr(v.Date());
+    case Value::Kind::Boolean:
+        return v.Bool() ? "True" : "False";
+    case Value::Kind::Blob:
+        return v.BlobValue().Bytes;
     }
     return "";
 }
@@ -70,35 +83,52 @@ std::string Field::AsString() const {
 std::int64_t Field::AsInteger() const {
     const Value& v = AsValue();
     switch (v.kind()) {
-    case Value::Kind::Integer: return v.Int();
-    case Value::Kind::Float: return static_cast<std::int64_t>(std::llround(v.Float()));
-    case Value::Kind::Money: return static_cast<std::int64_t>(std::llround(v.Money().ToDouble()));
-    case Value::Kind::Boolean: return v.Bool() ? 1 : 0;
-    case Value::Kind::Date: return v.Date().DayNumber();
-    case Value::Kind::String: return Coerce(v).Int();
-    default: return 0;
+    case Value::Kind::Integer:
+        return v.Int();
+    case Value::Kind::Float:
+        return static_cast<std::int64_t>(std::llround(v.Float()));
+    case Value::Kind::Money:
+        return static_cast<std::int64_t>(std::llround(v.Money().ToDouble()));
+    case Value::Kind::Boolean:
+        return v.Bool() ? 1 : 0;
+    case Value::Kind::Date:
+        return v.Date().DayNumber();
+    case Value::Kind::String:
+        return Coerce(v).Int();
+    default:
+        return 0;
     }
 }
 
 double Field::AsFloat() const {
     const Value& v = AsValue();
     switch (v.kind()) {
-    case Value::Kind::Integer: return static_cast<double>(v.Int());
-    case Value::Kind::Float: return v.Float();
-    case Value::Kind::Money: return v.Money().ToDouble();
-    case Value::Kind::Boolean: return v.Bool() ? 1.0 : 0.0;
-    case Value::Kind::Date: return static_cast<double>(v.Date().DayNumber());
-    default: return 0.0;
+    case Value::Kind::Integer:
+        return static_cast<double>(v.Int());
+    case Value::Kind::Float:
+        return v.Float();
+    case Value::Kind::Money:
+        return v.Money().ToDouble();
+    case Value::Kind::Boolean:
+        return v.Bool() ? 1.0 : 0.0;
+    case Value::Kind::Date:
+        return static_cast<double>(v.Date().DayNumber());
+    default:
+        return 0.0;
     }
 }
 
 Money Field::AsMoney() const {
     const Value& v = AsValue();
     switch (v.kind()) {
-    case Value::Kind::Money: return v.Money();
-    case Value::Kind::Integer: return Money::FromWhole(v.Int());
-    case Value::Kind::Float: return Money::FromDouble(v.Float());
-    default: return Money();
+    case Value::Kind::Money:
+        return v.Money();
+    case Value::Kind::Integer:
+        return Money::FromWhole(v.Int());
+    case Value::Kind::Float:
+        return Money::FromDouble(v.Float());
+    default:
+        return Money();
     }
 }
 
@@ -111,17 +141,20 @@ Date Field::AsDate() const {
 bool Field::AsBoolean() const {
     const Value& v = AsValue();
     switch (v.kind()) {
-    case Value::Kind::Boolean: return v.Bool();
-    case Value::Kind::Integer: return v.Int() != 0;
-    default: return false;
+    case Value::Kind::Boolean:
+        return v.Bool();
+    case Value::Kind::Integer:
+        return v.Int() != 0;
+    default:
+        return false;
     }
 }
 
 // ----- converting
 
 [[noreturn]] static void BadValue(const Field& f, const std::string& shown, const char* what) {
-    ThrowEngineError(errInvalidValue, "'" + shown + "' is not a valid " + what + " value for field '" +
-                                          f.Label() + "'");
+    ThrowEngineError(errInvalidValue, "'" + shown + "' is not a valid " + what +
+                                          " value for field '" + f.Label() + "'");
 }
 
 static std::int64_t ParseInteger(const Field& f, std::string_view text) {
@@ -129,7 +162,8 @@ static std::int64_t ParseInteger(const Field& f, std::string_view text) {
     std::string_view t = TrimBlanks(text);
     if (!t.empty() && t.front() == '+') t.remove_prefix(1);
     auto [p, ec] = std::from_chars(t.data(), t.data() + t.size(), n);
-    if (t.empty() || ec != std::errc() || p != t.data() + t.size()) BadValue(f, std::string(text), "integer");
+    if (t.empty() || ec != std::errc() || p != t.data() + t.size())
+        BadValue(f, std::string(text), "integer");
     return n;
 }
 
@@ -137,7 +171,8 @@ static double ParseFloat(const Field& f, std::string_view text) {
     std::string t(text);
     char* end = nullptr;
     double d = std::strtod(t.c_str(), &end);
-    while (end && *end == ' ') ++end;
+    while (end && *end == ' ')
+        ++end;
     if (t.empty() || !end || *end != '\0' || !std::isfinite(d)) BadValue(f, t, "floating point");
     return d;
 }
@@ -157,17 +192,31 @@ Value Field::Coerce(const Value& v) const {
     case FieldType::Memo: {
         std::string s;
         switch (v.kind()) {
-        case K::String: s = v.Str(); break;
-        case K::Integer: s = std::to_string(v.Int()); break;
-        case K::Float: s = FloatText(v.Float()); break;
-        case K::Money: s = MoneyText(v.Money()); break;
-        case K::Date: s = DateToStr(v.Date()); break;
-        case K::Boolean: s = v.Bool() ? "True" : "False"; break;
-        default: BadValue(*this, v.DebugString(), "text");
+        case K::String:
+            s = v.Str();
+            break;
+        case K::Integer:
+            s = std::to_string(v.Int());
+            break;
+        case K::Float:
+            s = FloatText(v.Float());
+            break;
+        case K::Money:
+            s = MoneyText(v.Money());
+            break;
+        case K::Date:
+            s = DateToStr(v.Date());
+            break;
+        case K::Boolean:
+            s = v.Bool() ? "True" : "False";
+            break;
+        default:
+            BadValue(*this, v.DebugString(), "text");
         }
         if (type_ == FieldType::String && CharacterCount(s) > static_cast<std::size_t>(size_))
-            ThrowEngineError(errStringTooLong, "The value '" + s + "' is too long for field '" + Label() +
-                                                   "' (at most " + std::to_string(size_) + " characters)");
+            ThrowEngineError(errStringTooLong, "The value '" + s + "' is too long for field '" +
+                                                   Label() + "' (at most " + std::to_string(size_) +
+                                                   " characters)");
         return Value(std::move(s));
     }
     case FieldType::SmallInt:
@@ -175,59 +224,78 @@ Value Field::Coerce(const Value& v) const {
     case FieldType::AutoInc: {
         std::int64_t n = 0;
         switch (v.kind()) {
-        case K::Integer: n = v.Int(); break;
+        case K::Integer:
+            n = v.Int();
+            break;
         case K::Float:
             if (v.Float() != std::floor(v.Float()) || !std::isfinite(v.Float()))
                 BadValue(*this, v.DebugString(), "integer");
             n = static_cast<std::int64_t>(v.Float());
             break;
-        case K::Boolean: n = v.Bool() ? 1 : 0; break;
-        case K::String: n = ParseInteger(*this, v.Str()); break;
-        default: BadValue(*this, v.DebugString(), "integer");
+        case K::Boolean:
+            n = v.Bool() ? 1 : 0;
+            break;
+        case K::String:
+            n = ParseInteger(*this, v.Str());
+            break;
+        default:
+            BadValue(*this, v.DebugString(), "integer");
         }
         std::int64_t lo = type_ == FieldType::SmallInt ? std::numeric_limits<std::int16_t>::min()
                                                        : std::numeric_limits<std::int32_t>::min();
         std::int64_t hi = type_ == FieldType::SmallInt ? std::numeric_limits<std::int16_t>::max()
                                                        : std::numeric_limits<std::int32_t>::max();
         if (n < lo || n > hi)
-            ThrowEngineError(errValueOutOfRange, std::to_string(n) + " is out of range for field '" +
-                                                     Label() + "' (" + std::to_string(lo) + " to " +
-                                                     std::to_string(hi) + ")");
+            ThrowEngineError(errValueOutOfRange,
+                             std::to_string(n) + " is out of range for field '" + Label() + "' (" +
+                                 std::to_string(lo) + " to " + std::to_string(hi) + ")");
         return Value(n);
     }
     case FieldType::Boolean:
         switch (v.kind()) {
-        case K::Boolean: return v;
-        case K::Integer: return Value(v.Int() != 0);
+        case K::Boolean:
+            return v;
+        case K::Integer:
+            return Value(v.Int() != 0);
         case K::String:
             if (SameName(v.Str(), "true") || v.Str() == "1") return Value(true);
             if (SameName(v.Str(), "false") || v.Str() == "0") return Value(false);
             [[fallthrough]];
-        default: BadValue(*this, v.DebugString(), "boolean");
+        default:
+            BadValue(*this, v.DebugString(), "boolean");
         }
     case FieldType::Float:
         switch (v.kind()) {
-        case K::Float: return v;
-        case K::Integer: return Value(static_cast<double>(v.Int()));
-        case K::Money: return Value(v.Money().ToDouble());
-        case K::String: return Value(ParseFloat(*this, v.Str()));
-        default: BadValue(*this, v.DebugString(), "floating point");
+        case K::Float:
+            return v;
+        case K::Integer:
+            return Value(static_cast<double>(v.Int()));
+        case K::Money:
+            return Value(v.Money().ToDouble());
+        case K::String:
+            return Value(ParseFloat(*this, v.Str()));
+        default:
+            BadValue(*this, v.DebugString(), "floating point");
         }
     case FieldType::Currency:
         switch (v.kind()) {
-        case K::Money: return v;
-        case K::Integer: return Value(Money::FromWhole(v.Int()));
+        case K::Money:
+            return v;
+        case K::Integer:
+            return Value(Money::FromWhole(v.Int()));
         case K::Float:
             if (!std::isfinite(v.Float())) BadValue(*this, v.DebugString(), "currency");
             return Value(Money::FromDouble(v.Float()));
         case K::String:
             if (auto m = Money::Parse(v.Str())) return Value(*m);
             [[fallthrough]];
-        default: BadValue(*this, v.DebugString(), "currency");
+        default:
+            BadValue(*this, v.DebugString(), "currency");
         }
     case FieldType::Date:
         switch (v.kind()) {
-        case K::Date: return v;
+        case K::Date:
+            return v;
         case K::String: {
             if (auto d = Date::FromIso(v.Str())) return Value(*d);
             try {
@@ -236,7 +304,8 @@ Value Field::Coerce(const Value& v) const {
                 BadValue(*this, v.Str(), "date");
             }
         }
-        default: BadValue(*this, v.DebugString(), "date");
+        default:
+            BadValue(*this, v.DebugString(), "date");
         }
     case FieldType::Graphic:
         if (v.kind() == K::Blob) return v;
@@ -251,9 +320,11 @@ Value Field::Coerce(const Value& v) const {
 void Field::SetValue(const Value& value) {
     if (!owner_.CanWriteField(*this)) {
         if (IsCalculated())
-            ThrowEngineError(errDataSetState, "Field '" + Label() + "' is calculated and cannot be modified");
-        ThrowEngineError(errDataSetState, (owner_.Name.empty() ? std::string() : owner_.Name + ": ") +
-                                              "Dataset not in edit or insert mode");
+            ThrowEngineError(errDataSetState,
+                             "Field '" + Label() + "' is calculated and cannot be modified");
+        ThrowEngineError(errDataSetState,
+                         (owner_.Name.empty() ? std::string() : owner_.Name + ": ") +
+                             "Dataset not in edit or insert mode");
     }
     if (ReadOnly && !IsCalculated())
         ThrowEngineError(errDataSetState, "Field '" + Label() + "' cannot be modified");
@@ -271,13 +342,27 @@ void Field::SetValue(const Value& value) {
     owner_.FieldWritten(*this);
 }
 
-void Field::SetAsString(std::string_view value) { SetValue(Value(std::string(value))); }
-void Field::SetAsInteger(std::int64_t value) { SetValue(Value(value)); }
-void Field::SetAsFloat(double value) { SetValue(Value(value)); }
-void Field::SetAsMoney(Money value) { SetValue(Value(value)); }
-void Field::SetAsDate(Date value) { SetValue(Value(value)); }
-void Field::SetAsBoolean(bool value) { SetValue(Value(value)); }
-void Field::Clear() { SetValue(Value()); }
+void Field::SetAsString(std::string_view value) {
+    SetValue(Value(std::string(value)));
+}
+void Field::SetAsInteger(std::int64_t value) {
+    SetValue(Value(value));
+}
+void Field::SetAsFloat(double value) {
+    SetValue(Value(value));
+}
+void Field::SetAsMoney(Money value) {
+    SetValue(Value(value));
+}
+void Field::SetAsDate(Date value) {
+    SetValue(Value(value));
+}
+void Field::SetAsBoolean(bool value) {
+    SetValue(Value(value));
+}
+void Field::Clear() {
+    SetValue(Value());
+}
 
 // ----- text for controls
 
@@ -287,11 +372,16 @@ std::string Field::DisplayText() const {
     if (v.IsNull()) return "";
     if (!DisplayFormat.empty()) {
         switch (v.kind()) {
-        case Value::Kind::Money: return FormatMoney(DisplayFormat, v.Money());
-        case Value::Kind::Float: return FormatFloat(DisplayFormat, v.Float());
-        case Value::Kind::Integer: return FormatFloat(DisplayFormat, static_cast<double>(v.Int()));
-        case Value::Kind::Date: return FormatDate(DisplayFormat, v.Date());
-        default: break;
+        case Value::Kind::Money:
+            return FormatMoney(DisplayFormat, v.Money());
+        case Value::Kind::Float:
+            return FormatFloat(DisplayFormat, v.Float());
+        case Value::Kind::Integer:
+            return FormatFloat(DisplayFormat, static_cast<double>(v.Int()));
+        case Value::Kind::Date:
+            return FormatDate(DisplayFormat, v.Date());
+        default:
+            break;
         }
     }
     return AsString();

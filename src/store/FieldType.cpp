@@ -8,17 +8,27 @@ namespace corvane::store {
 
 std::string_view StoredTypeName(FieldType type) {
     switch (type) {
-    case FieldType::String: return "VARCHAR";
-    case FieldType::SmallInt: return "SMALLINT";
-    case FieldType::Integer: return "INTEGER";
-    case FieldType::AutoInc: return "AUTOINC";
-    case FieldType::Boolean: return "BOOLEAN";
-    case FieldType::Float: return "FLOAT";
-    case FieldType::Currency: return "MONEY";
-    case FieldType::Date: return "DATE";
+    case FieldType::String:
+        return "VARCHAR";
+    case FieldType::SmallInt:
+        return "SMALLINT";
+    case FieldType::Integer:
+        return "INTEGER";
+    case FieldType::AutoInc:
+        return "AUTOINC";
+    case FieldType::Boolean:
+        return "BOOLEAN";
+    case FieldType::Float:
+        return "FLOAT";
+    case FieldType::Currency:
+        return "MONEY";
+    case FieldType::Date:
+        return "DATE";
     // TEXT, so that SQLite keeps a memo of digits as the text it is.
-    case FieldType::Memo: return "TEXT";
-    case FieldType::Graphic: return "GRAPHIC";
+    case FieldType::Memo:
+        return "TEXT";
+    case FieldType::Graphic:
+        return "GRAPHIC";
     }
     return "";
 }
@@ -67,6 +77,8 @@ bool IsNumericType(FieldType type) {
     return IsIntegerType(type) || type == FieldType::Float || type == FieldType::Currency;
 }
 
-bool IsTextType(FieldType type) { return type == FieldType::String || type == FieldType::Memo; }
+bool IsTextType(FieldType type) {
+    return type == FieldType::String || type == FieldType::Memo;
+}
 
 } // namespace corvane::store

@@ -15,8 +15,8 @@ enum class FieldType {
     Float,    // 8-byte float
     Currency, // money
     Date,
-    Memo,     // text of any length
-    Graphic,  // binary picture
+    Memo,    // text of any length
+    Graphic, // binary picture
 };
 
 // The type name a column carries in the store's own schema; query results name the type of a

@@ -20,7 +20,8 @@ KeyOrder::KeyOrder(const TableDef& table, const IndexDef* index) {
         for (const auto& name : index->Fields) {
             Term t;
             t.Field = table.FieldIndex(name);
-            t.Column = schema::IndexColumnTerm(*index, table.Fields[static_cast<std::size_t>(t.Field)].Name);
+            t.Column = schema::IndexColumnTerm(
+                *index, table.Fields[static_cast<std::size_t>(t.Field)].Name);
             t.Descending = index->IsDescending(name);
             t.Type = table.Fields[static_cast<std::size_t>(t.Field)].Type;
             terms_.push_back(t);
@@ -77,7 +78,8 @@ static std::vector<SqlCondition> Groups(const std::vector<KeyOrder::Term>& terms
     for (int level = static_cast<int>(terms.size()) - 1; level >= 0; --level) {
         SqlCondition prefix;
         for (int i = 0; i < level; ++i)
-            prefix = prefix.And(Equal(terms[static_cast<std::size_t>(i)], values[static_cast<std::size_t>(i)]));
+            prefix = prefix.And(
+                Equal(terms[static_cast<std::size_t>(i)], values[static_cast<std::size_t>(i)]));
         const auto& t = terms[static_cast<std::size_t>(level)];
         const Value& v = values[static_cast<std::size_t>(level)];
         for (const auto& g : after ? FollowingGroups(t, v) : PrecedingGroups(t, v))
@@ -86,9 +88,13 @@ static std::vector<SqlCondition> Groups(const std::vector<KeyOrder::Term>& terms
     return out;
 }
 
-std::vector<SqlCondition> KeyOrder::After(const Position& from) const { return Groups(terms_, from, true); }
+std::vector<SqlCondition> KeyOrder::After(const Position& from) const {
+    return Groups(terms_, from, true);
+}
 
-std::vector<SqlCondition> KeyOrder::Before(const Position& from) const { return Groups(terms_, from, false); }
+std::vector<SqlCondition> KeyOrder::Before(const Position& from) const {
+    return Groups(terms_, from, false);
+}
 
 // A bound below every value a column of the type holds. "x IS NOT NULL" would do, but SQLite
 // drops it on a NOT NULL column and scans instead of seeking.
@@ -96,9 +102,12 @@ static Value Lowest(FieldType type) {
     switch (type) {
     case FieldType::String:
     case FieldType::Memo:
-    case FieldType::Date: return Value(std::string());
-    case FieldType::Float: return Value(-std::numeric_limits<double>::infinity());
-    default: return Value(std::numeric_limits<std::int64_t>::min());
+    case FieldType::Date:
+        return Value(std::string());
+    case FieldType::Float:
+        return Value(-std::numeric_limits<double>::infinity());
+    default:
+        return Value(std::numeric_limits<std::int64_t>::min());
     }
 }
 
@@ -109,7 +118,8 @@ std::vector<SqlCondition> KeyOrder::Everything(bool forward) const {
     // Nulls come first in an ascending index and last in a descending one.
     SqlCondition nulls{t.Column + " IS NULL", {}};
     bool nullsFirst = t.Descending != forward;
-    return nullsFirst ? std::vector<SqlCondition>{nulls, values} : std::vector<SqlCondition>{values, nulls};
+    return nullsFirst ? std::vector<SqlCondition>{nulls, values}
+                      : std::vector<SqlCondition>{values, nulls};
 }
 
 // "at or after v" and "at or before v" in the order of one term, as one condition.
@@ -142,7 +152,8 @@ static SqlCondition Lexicographic(const std::vector<KeyOrder::Term>& terms, std:
                                   const std::vector<Value>& bound, bool after) {
     // k_first > b_first OR (k_first = b_first AND (k_next > b_next OR (... AND k_last >= b_last)))
     std::size_t last = bound.size() - 1;
-    SqlCondition tail = after ? AtOrAfter(terms[last], bound[last]) : AtOrBefore(terms[last], bound[last]);
+    SqlCondition tail =
+        after ? AtOrAfter(terms[last], bound[last]) : AtOrBefore(terms[last], bound[last]);
     if (tail.Empty()) tail = {"1", {}};
     for (std::size_t i = last; i-- > first;) {
         SqlCondition strict = Strictly(terms[i], bound[i], after);
@@ -159,7 +170,8 @@ SqlCondition KeyOrder::Range(const std::vector<Value>& start, const std::vector<
     SqlCondition out;
     std::size_t i = 0;
     // Leading keys equal at both ends become plain equalities: the index seeks straight to them.
-    for (; i < n && start[i] == end[i]; ++i) out = out.And(Equal(terms_[i], start[i]));
+    for (; i < n && start[i] == end[i]; ++i)
+        out = out.And(Equal(terms_[i], start[i]));
     if (i == n) return out;
     // The first key that differs bounds the seek; the rest refine it.
     out = out.And(AtOrAfter(terms_[i], start[i])).And(AtOrBefore(terms_[i], end[i]));

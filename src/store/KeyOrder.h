@@ -26,7 +26,7 @@ struct SqlCondition {
 class KeyOrder {
 public:
     struct Term {
-        int Field = -1; // index into the table's fields; -1 for the row id
+        int Field = -1;     // index into the table's fields; -1 for the row id
         std::string Column; // "\"Name\" COLLATE NOCASE", or "rowid"
         bool Descending = false;
         FieldType Type = FieldType::Integer;

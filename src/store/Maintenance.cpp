@@ -42,10 +42,12 @@ private:
 };
 
 // Reads rows one by one in row id order from one end until a read fails.
-long long Salvage(Connection& conn, const TableDef& def, bool fromStart, std::optional<std::int64_t> stopAt,
+long long Salvage(Connection& conn, const TableDef& def, bool fromStart,
+                  std::optional<std::int64_t> stopAt,
                   std::vector<std::pair<std::int64_t, std::vector<Value>>>& rows) {
     std::string columns = "rowid";
-    for (const auto& f : def.Fields) columns += ", " + schema::QuoteIdent(f.Name);
+    for (const auto& f : def.Fields)
+        columns += ", " + schema::QuoteIdent(f.Name);
     std::string sql = "SELECT " + columns + " FROM " + Qualified(def.Name) +
                       (fromStart ? " WHERE rowid > ?1 ORDER BY rowid LIMIT 1"
                                  : " WHERE rowid < ?1 ORDER BY rowid DESC LIMIT 1");
@@ -155,9 +157,11 @@ RepairResult RepairTable(Database& db, std::string_view table) {
             for (const auto& statement : schema::CreateTableStatements(def, Database::MainSchema))
                 conn.Exec(statement);
             std::string insert = "INSERT INTO " + Qualified(def.Name) + " (rowid";
-            for (const auto& f : def.Fields) insert += ", " + schema::QuoteIdent(f.Name);
+            for (const auto& f : def.Fields)
+                insert += ", " + schema::QuoteIdent(f.Name);
             insert += ") VALUES (?";
-            for (std::size_t i = 0; i < def.Fields.size(); ++i) insert += ", ?";
+            for (std::size_t i = 0; i < def.Fields.size(); ++i)
+                insert += ", ?";
             insert += ")";
             Statement put(conn, insert);
             for (const auto& [rowid, values] : rows) {
@@ -193,7 +197,8 @@ bool PackTable(Database& db, std::string_view table) {
     std::vector<std::unique_ptr<ExclusiveHold>> others;
     try {
         for (const TableDef* other : tables::CompanyTables())
-            if (!SameName(other->Name, def.Name)) others.push_back(std::make_unique<ExclusiveHold>(db, other->Name));
+            if (!SameName(other->Name, def.Name))
+                others.push_back(std::make_unique<ExclusiveHold>(db, other->Name));
     } catch (const EngineError& e) {
         if (e.ErrorCode() != errTableInUse) throw;
         return false;

@@ -25,7 +25,9 @@ private:
     Database& db_;
 };
 
-bool IsNameChar(char c) { return std::isalnum(static_cast<unsigned char>(c)) || c == '_'; }
+bool IsNameChar(char c) {
+    return std::isalnum(static_cast<unsigned char>(c)) || c == '_';
+}
 
 // The ":Name" parameters of a text, outside quoted strings and names, in order of first use.
 std::vector<std::string> ParameterNames(std::string_view text) {
@@ -43,10 +45,12 @@ std::vector<std::string> ParameterNames(std::string_view text) {
         }
         if (c != ':' || i + 1 >= text.size() || !IsNameChar(text[i + 1])) continue;
         std::size_t end = i + 1;
-        while (end < text.size() && IsNameChar(text[end])) ++end;
+        while (end < text.size() && IsNameChar(text[end]))
+            ++end;
         std::string name(text.substr(i + 1, end - i - 1));
         bool known = false;
-        for (const auto& n : names) known = known || SameName(n, name);
+        for (const auto& n : names)
+            known = known || SameName(n, name);
         if (!known) names.push_back(name);
         i = end - 1;
     }
@@ -126,9 +130,14 @@ void Query::BindParams(Statement& statement) {
         if (slots[i].MoneyScaled) {
             // The parameter meets a money column, kept in ten-thousandths.
             switch (v.kind()) {
-            case Value::Kind::Integer: v = Value(v.Int() * Money::Scale); break;
-            case Value::Kind::Float: v = Value(static_cast<std::int64_t>(RoundHalfAway(v.Float() * Money::Scale))); break;
-            default: break;
+            case Value::Kind::Integer:
+                v = Value(v.Int() * Money::Scale);
+                break;
+            case Value::Kind::Float:
+                v = Value(static_cast<std::int64_t>(RoundHalfAway(v.Float() * Money::Scale)));
+                break;
+            default:
+                break;
             }
         } else if (v.kind() == Value::Kind::Money) {
             v = Value(v.Money().ToDouble());
@@ -149,7 +158,8 @@ void Query::DoOpen() {
         for (const auto& c : tr.Columns) {
             // Two columns of one name (I.*, V.VendorID) stay apart as Name and Name_1.
             std::string name = c.Name;
-            for (int n = 1; FindField(name); ++n) name = c.Name + "_" + std::to_string(n);
+            for (int n = 1; FindField(name); ++n)
+                name = c.Name + "_" + std::to_string(n);
             AddStoredField(name, c.Type, c.Size, false);
         }
         fieldsStale_ = false;
@@ -171,8 +181,9 @@ void Query::ReadRows() {
         Row r;
         r.RowId = static_cast<std::int64_t>(rows_.size());
         for (std::size_t i = 0; i < columns.size(); ++i)
-            r.Values.push_back(columns[i].TypeKnown ? s.ColumnValue(static_cast<int>(i), columns[i].Type)
-                                                    : s.ColumnNatural(static_cast<int>(i)));
+            r.Values.push_back(columns[i].TypeKnown
+                                   ? s.ColumnValue(static_cast<int>(i), columns[i].Type)
+                                   : s.ColumnNatural(static_cast<int>(i)));
         if (AcceptRow(r)) {
             r.RowId = static_cast<std::int64_t>(rows_.size());
             rows_.push_back(std::move(r));
@@ -207,13 +218,17 @@ int Query::DoMoveBy(int distance, std::optional<Row>& row) {
     long last = static_cast<long>(rows_.size()) - 1;
     long clamped = std::clamp(target, 0L, std::max(last, 0L));
     int moved = static_cast<int>(clamped - static_cast<long>(pos_));
-    if (distance > 0) SetEdges(moved > 0 ? false : Bof(), target > last);
-    else SetEdges(target < 0, moved < 0 ? false : Eof());
+    if (distance > 0)
+        SetEdges(moved > 0 ? false : Bof(), target > last);
+    else
+        SetEdges(target < 0, moved < 0 ? false : Eof());
     row = RowAt(static_cast<std::size_t>(clamped));
     return moved;
 }
 
-std::int64_t Query::DoRecordCount() { return static_cast<std::int64_t>(rows_.size()); }
+std::int64_t Query::DoRecordCount() {
+    return static_cast<std::int64_t>(rows_.size());
+}
 
 static bool SameValue(const Value& a, const Value& b, bool caseInsensitive) {
     if (caseInsensitive && a.kind() == Value::Kind::String && b.kind() == Value::Kind::String)
@@ -221,18 +236,21 @@ static bool SameValue(const Value& a, const Value& b, bool caseInsensitive) {
     return a == b;
 }
 
-std::optional<Query::Row> Query::DoLocate(const std::vector<int>& fields, const std::vector<Value>& values,
-                                          bool caseInsensitive) {
+std::optional<Query::Row> Query::DoLocate(const std::vector<int>& fields,
+                                          const std::vector<Value>& values, bool caseInsensitive) {
     for (const auto& r : rows_) {
         bool match = true;
         for (std::size_t i = 0; i < fields.size() && match; ++i)
-            match = SameValue(r.Values[static_cast<std::size_t>(fields[i])], values[i], caseInsensitive);
+            match = SameValue(r.Values[static_cast<std::size_t>(fields[i])], values[i],
+                              caseInsensitive);
         if (match) return r;
     }
     return std::nullopt;
 }
 
-void Query::DoGoto(const Row& row) { pos_ = static_cast<std::size_t>(row.RowId); }
+void Query::DoGoto(const Row& row) {
+    pos_ = static_cast<std::size_t>(row.RowId);
+}
 
 std::optional<Query::Row> Query::DoRefresh() {
     std::size_t keep = pos_;
@@ -256,9 +274,11 @@ void Query::DoFilterChanged(const std::string& expression, bool filtered) {
         TableDef result;
         result.Name = "result";
         for (const auto& f : Fields())
-            if (!f->IsCalculated()) result.Fields.push_back(FieldDef{f->FieldName(), f->DataType(), f->Size(), false});
+            if (!f->IsCalculated())
+                result.Fields.push_back(FieldDef{f->FieldName(), f->DataType(), f->Size(), false});
         if (result.Fields.empty())
-            for (const auto& c : tr.Columns) result.Fields.push_back(FieldDef{c.Name, c.Type, c.Size, false});
+            for (const auto& c : tr.Columns)
+                result.Fields.push_back(FieldDef{c.Name, c.Type, c.Size, false});
         SqlFragment fragment = CompileFilter(expression, result);
         if (filtered) {
             // Columns are named by position, so that two columns of one name in a join stay
@@ -266,22 +286,35 @@ void Query::DoFilterChanged(const std::string& expression, bool filtered) {
             std::string names;
             for (std::size_t i = 0; i < result.Fields.size(); ++i)
                 names += (i ? ", \"" : "\"") + result.Fields[i].Name + "\"";
-            filterSql_ = "WITH result(" + names + ") AS (" + tr.Sql + ") SELECT * FROM result WHERE " +
-                         fragment.Sql;
+            filterSql_ = "WITH result(" + names + ") AS (" + tr.Sql +
+                         ") SELECT * FROM result WHERE " + fragment.Sql;
             filterParams_ = fragment.Params;
         }
     }
-    if (!filterSql_.empty()) prepared_->Filtered = std::make_unique<Statement>(db_.Conn(), filterSql_);
+    if (!filterSql_.empty())
+        prepared_->Filtered = std::make_unique<Statement>(db_.Conn(), filterSql_);
     if (Active()) ReadRows();
 }
 
-void Query::ReadOnlyFailure() const { FailState("The result of a query cannot be modified"); }
-std::optional<Query::Row> Query::DoLockForEdit(const Row&) { ReadOnlyFailure(); }
+void Query::ReadOnlyFailure() const {
+    FailState("The result of a query cannot be modified");
+}
+std::optional<Query::Row> Query::DoLockForEdit(const Row&) {
+    ReadOnlyFailure();
+}
 void Query::DoUnlock(const Row&) {}
-Query::Row Query::DoInsertRow(std::vector<Value>&) { ReadOnlyFailure(); }
-void Query::DoUpdateRow(const Row&, const std::vector<Value>&) { ReadOnlyFailure(); }
-void Query::DoDeleteRow(const Row&) { ReadOnlyFailure(); }
-std::optional<Query::Row> Query::DoAfterDelete(const Row&) { ReadOnlyFailure(); }
+Query::Row Query::DoInsertRow(std::vector<Value>&) {
+    ReadOnlyFailure();
+}
+void Query::DoUpdateRow(const Row&, const std::vector<Value>&) {
+    ReadOnlyFailure();
+}
+void Query::DoDeleteRow(const Row&) {
+    ReadOnlyFailure();
+}
+std::optional<Query::Row> Query::DoAfterDelete(const Row&) {
+    ReadOnlyFailure();
+}
 
 // ----- statements without rows
 
@@ -292,15 +325,21 @@ void Query::ExecSQL() {
     using Kind = sql::TranslatedStatement::Kind;
     rowsAffected_ = 0;
     switch (tr.StatementKind) {
-    case Kind::CreateTable: db_.CreateTable(*tr.NewTable, tr.TargetSchema); break;
-    case Kind::CreateIndex: db_.CreateIndex(tr.TargetSchema, tr.TargetTable, *tr.NewIndex); break;
+    case Kind::CreateTable:
+        db_.CreateTable(*tr.NewTable, tr.TargetSchema);
+        break;
+    case Kind::CreateIndex:
+        db_.CreateIndex(tr.TargetSchema, tr.TargetTable, *tr.NewIndex);
+        break;
     case Kind::DropTable:
-        if (db_.TableExists(tr.TargetSchema, tr.TargetTable)) db_.DropTable(tr.TargetSchema, tr.TargetTable);
+        if (db_.TableExists(tr.TargetSchema, tr.TargetTable))
+            db_.DropTable(tr.TargetSchema, tr.TargetTable);
         else if (!tr.IfExists)
             ThrowEngineError(errTableNotFound, "Table '" + tr.TargetTable + "' does not exist");
         break;
     case Kind::SelectInto: {
-        if (db_.TableExists(tr.TargetSchema, tr.TargetTable)) db_.DropTable(tr.TargetSchema, tr.TargetTable);
+        if (db_.TableExists(tr.TargetSchema, tr.TargetTable))
+            db_.DropTable(tr.TargetSchema, tr.TargetTable);
         db_.CreateTable(*tr.NewTable, tr.TargetSchema);
         Statement s(db_.Conn(), tr.Sql);
         BindParams(s);

@@ -43,7 +43,8 @@ std::vector<std::string> CreateTableStatements(const TableDef& def, std::string_
     }
     sql += ")";
     std::vector<std::string> out{sql};
-    for (const auto& ix : def.Indexes) out.push_back(CreateIndexStatement(def, ix, schemaName));
+    for (const auto& ix : def.Indexes)
+        out.push_back(CreateIndexStatement(def, ix, schemaName));
     return out;
 }
 
@@ -74,7 +75,8 @@ std::vector<std::string> TableNames(Connection& conn, std::string_view schemaNam
                                std::string(AutoIncTable) + "' ORDER BY name");
     StatementRun run(s);
     std::vector<std::string> names;
-    while (s.Step()) names.push_back(s.ColumnValue(0, FieldType::String).Str());
+    while (s.Step())
+        names.push_back(s.ColumnValue(0, FieldType::String).Str());
     return names;
 }
 
@@ -83,8 +85,9 @@ std::optional<TableDef> ReadTableDef(Connection& conn, std::string_view schemaNa
     std::string qs = QuoteIdent(schemaName);
     TableDef def;
     {
-        Statement& s = conn.Cached("SELECT name FROM " + qs +
-                                   ".sqlite_schema WHERE type = 'table' AND name = ?1 COLLATE NOCASE");
+        Statement& s =
+            conn.Cached("SELECT name FROM " + qs +
+                        ".sqlite_schema WHERE type = 'table' AND name = ?1 COLLATE NOCASE");
         StatementRun run(s);
         s.Bind(1, Value(std::string(table)));
         if (!s.Step()) return std::nullopt;
@@ -92,7 +95,8 @@ std::optional<TableDef> ReadTableDef(Connection& conn, std::string_view schemaNa
     }
     {
         // Pragma functions take their arguments as bound values, never pasted text.
-        Statement& s = conn.Cached("SELECT name, type, \"notnull\" FROM pragma_table_info(?1, ?2) ORDER BY cid");
+        Statement& s = conn.Cached(
+            "SELECT name, type, \"notnull\" FROM pragma_table_info(?1, ?2) ORDER BY cid");
         StatementRun run(s);
         s.Bind(1, Value(def.Name));
         s.Bind(2, Value(std::string(schemaName)));
@@ -101,8 +105,9 @@ std::optional<TableDef> ReadTableDef(Connection& conn, std::string_view schemaNa
             f.Name = s.ColumnValue(0, FieldType::String).Str();
             std::string declared = s.ColumnValue(1, FieldType::String).Str();
             if (!ParseStoredTypeName(declared, f.Type, f.Size))
-                ThrowEngineError(errTableCorrupt, "Table '" + def.Name + "' has a column '" + f.Name +
-                                                      "' of unknown type '" + declared + "'");
+                ThrowEngineError(errTableCorrupt, "Table '" + def.Name + "' has a column '" +
+                                                      f.Name + "' of unknown type '" + declared +
+                                                      "'");
             f.Required = s.ColumnInt(2) != 0;
             def.Fields.push_back(f);
         }
@@ -110,9 +115,10 @@ std::optional<TableDef> ReadTableDef(Connection& conn, std::string_view schemaNa
     std::vector<std::pair<std::string, bool>> indexes;
     {
         // sqlite_schema keeps the indexes in the order they were created.
-        Statement& s = conn.Cached("SELECT s.name, l.\"unique\" FROM " + qs +
-                                   ".sqlite_schema s JOIN pragma_index_list(?1, ?2) l ON l.name = s.name "
-                                   "WHERE s.type = 'index' AND l.origin = 'c' ORDER BY s.rowid");
+        Statement& s =
+            conn.Cached("SELECT s.name, l.\"unique\" FROM " + qs +
+                        ".sqlite_schema s JOIN pragma_index_list(?1, ?2) l ON l.name = s.name "
+                        "WHERE s.type = 'index' AND l.origin = 'c' ORDER BY s.rowid");
         StatementRun run(s);
         s.Bind(1, Value(def.Name));
         s.Bind(2, Value(std::string(schemaName)));
@@ -125,8 +131,10 @@ std::optional<TableDef> ReadTableDef(Connection& conn, std::string_view schemaNa
             continue;
         IndexDef ix;
         ix.Name = stored.substr(prefix.size());
-        if (ix.Name.empty()) ix.Options |= ixPrimary | ixUnique;
-        else if (unique) ix.Options |= ixUnique;
+        if (ix.Name.empty())
+            ix.Options |= ixPrimary | ixUnique;
+        else if (unique)
+            ix.Options |= ixUnique;
         Statement& s = conn.Cached("SELECT name, \"desc\", coll FROM pragma_index_xinfo(?1, ?2) "
                                    "WHERE key = 1 ORDER BY seqno");
         StatementRun run(s);
@@ -154,8 +162,9 @@ std::optional<TableDef> ReadTableDef(Connection& conn, std::string_view schemaNa
         def.Indexes.push_back(ix);
     }
     // The primary index first, the others in the order they were created.
-    std::stable_sort(def.Indexes.begin(), def.Indexes.end(),
-                     [](const IndexDef& a, const IndexDef& b) { return a.IsPrimary() && !b.IsPrimary(); });
+    std::stable_sort(
+        def.Indexes.begin(), def.Indexes.end(),
+        [](const IndexDef& a, const IndexDef& b) { return a.IsPrimary() && !b.IsPrimary(); });
     return def;
 }
 

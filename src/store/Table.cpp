@@ -31,13 +31,17 @@ public:
         switch (event) {
         case DataEvent::RecordChanged:
         case DataEvent::DataSetChanged:
-        case DataEvent::StateChanged: detail_.FollowMaster(); break;
+        case DataEvent::StateChanged:
+            detail_.FollowMaster();
+            break;
         case DataEvent::FieldChanged:
-            if (field && std::any_of(detail_.masterFields_.begin(), detail_.masterFields_.end(),
-                                     [&](const std::string& n) { return SameName(n, field->FieldName()); }))
+            if (field &&
+                std::any_of(detail_.masterFields_.begin(), detail_.masterFields_.end(),
+                            [&](const std::string& n) { return SameName(n, field->FieldName()); }))
                 detail_.FollowMaster();
             break;
-        case DataEvent::DataSetClosed: break;
+        case DataEvent::DataSetClosed:
+            break;
         }
     }
 
@@ -73,7 +77,9 @@ void Table::SetExclusive(bool exclusive) {
     exclusive_ = exclusive;
 }
 
-bool Table::Exists() { return db_.TableExists(Database::SchemaFor(databaseName_), tableName_); }
+bool Table::Exists() {
+    return db_.TableExists(Database::SchemaFor(databaseName_), tableName_);
+}
 
 const TableDef& Table::Definition() const {
     if (!def_) FailState("Table '" + tableName_ + "' is not open");
@@ -98,12 +104,15 @@ void Table::DoOpen() {
     }
     try {
         if (StoredFieldCount() == 0) {
-            for (const auto& f : def_->Fields) AddStoredField(f.Name, f.Type, f.Size, f.Required);
+            for (const auto& f : def_->Fields)
+                AddStoredField(f.Name, f.Type, f.Size, f.Required);
         } else if (StoredFieldCount() != static_cast<int>(def_->Fields.size())) {
-            FailState("The fields of table '" + def_->Name + "' have changed since it was last open");
+            FailState("The fields of table '" + def_->Name +
+                      "' have changed since it was last open");
         }
         selectList_ = "rowid";
-        for (const auto& f : def_->Fields) selectList_ += ", " + schema::QuoteIdent(f.Name);
+        for (const auto& f : def_->Fields)
+            selectList_ += ", " + schema::QuoteIdent(f.Name);
         SelectIndex(indexName_);
         filterCondition_ = {};
         if (!Filter().empty()) {
@@ -135,12 +144,15 @@ void Table::DoClose() {
 void Table::SelectIndex(const std::string& name) {
     const IndexDef* ix = def_->FindIndex(name);
     if (!ix && !name.empty())
-        ThrowEngineError(errIndexNotFound, "Index '" + name + "' not found for table '" + def_->Name + "'");
+        ThrowEngineError(errIndexNotFound,
+                         "Index '" + name + "' not found for table '" + def_->Name + "'");
     index_ = ix;
     order_ = KeyOrder(*def_, ix);
     keyList_ = "rowid";
     for (const auto& t : order_.Terms())
-        if (t.Field >= 0) keyList_ += ", " + schema::QuoteIdent(def_->Fields[static_cast<std::size_t>(t.Field)].Name);
+        if (t.Field >= 0)
+            keyList_ +=
+                ", " + schema::QuoteIdent(def_->Fields[static_cast<std::size_t>(t.Field)].Name);
 }
 
 void Table::RebuildBaseCondition() {
@@ -150,7 +162,8 @@ void Table::RebuildBaseCondition() {
         base = order_.Range(range_->first, range_->second);
     } else if (master_ && master_->Active()) {
         std::vector<Value> keys;
-        for (const auto& name : masterFields_) keys.push_back(master_->FieldByName(name).AsValue());
+        for (const auto& name : masterFields_)
+            keys.push_back(master_->FieldByName(name).AsValue());
         if (static_cast<int>(keys.size()) > order_.KeyFieldCount())
             FailState("The index of '" + def_->Name + "' has fewer fields than the master link");
         base = order_.Range(keys, keys);
@@ -210,11 +223,13 @@ std::vector<Table::Row> Table::Read(const std::optional<Row>& from, bool forward
         std::vector<Row> raw;
         // Every read is a seek on the index: from the start, in the groups of the first key;
         // after a row, in the groups that follow its key.
-        auto groups = after ? (forward ? order_.After(PositionOf(*after)) : order_.Before(PositionOf(*after)))
-                            : order_.Everything(forward);
+        auto groups =
+            after ? (forward ? order_.After(PositionOf(*after)) : order_.Before(PositionOf(*after)))
+                  : order_.Everything(forward);
         for (const auto& group : groups) {
             auto part = RunRows(where.And(group), !forward, want - raw.size(), keysOnly);
-            for (auto& r : part) raw.push_back(std::move(r));
+            for (auto& r : part)
+                raw.push_back(std::move(r));
             if (raw.size() == want) break;
         }
         bool reachedEnd = raw.size() < want;
@@ -294,7 +309,8 @@ int Table::DoMoveBy(int distance, std::optional<Row>& row) {
         auto more = Read(forward ? window_.back() : window_.front(), forward, chunk, exhausted);
         if (forward) {
             windowAtEnd_ = exhausted;
-            for (auto& r : more) window_.push_back(std::move(r));
+            for (auto& r : more)
+                window_.push_back(std::move(r));
             if (window_.size() > MaxWindow) {
                 std::size_t drop = std::min(window_.size() - MaxWindow, pos_);
                 window_.erase(window_.begin(), window_.begin() + static_cast<long>(drop));
@@ -316,8 +332,10 @@ int Table::DoMoveBy(int distance, std::optional<Row>& row) {
         if (more.empty()) break;
     }
     bool reachedEdge = moved < wanted;
-    if (forward) SetEdges(moved > 0 ? false : Bof(), reachedEdge);
-    else SetEdges(reachedEdge, moved > 0 ? false : Eof());
+    if (forward)
+        SetEdges(moved > 0 ? false : Bof(), reachedEdge);
+    else
+        SetEdges(reachedEdge, moved > 0 ? false : Eof());
     row = window_[pos_];
     return forward ? static_cast<int>(moved) : -static_cast<int>(moved);
 }
@@ -362,15 +380,17 @@ std::int64_t Table::DoRecordCount() {
     return s.ColumnInt(0);
 }
 
-std::optional<Table::Row> Table::DoLocate(const std::vector<int>& fields, const std::vector<Value>& values,
-                                          bool caseInsensitive) {
+std::optional<Table::Row> Table::DoLocate(const std::vector<int>& fields,
+                                          const std::vector<Value>& values, bool caseInsensitive) {
     SqlCondition match;
     for (std::size_t i = 0; i < fields.size(); ++i) {
         const auto& f = def_->Fields[static_cast<std::size_t>(fields[i])];
         std::string column = schema::QuoteIdent(f.Name);
         if (caseInsensitive && IsTextType(f.Type)) column += " COLLATE NOCASE";
-        if (values[i].IsNull()) match = match.And({column + " IS NULL", {}});
-        else match = match.And({column + " = ?", {values[i]}});
+        if (values[i].IsNull())
+            match = match.And({column + " IS NULL", {}});
+        else
+            match = match.And({column + " = ?", {values[i]}});
     }
     bool exhausted = false;
     auto rows = Read(std::nullopt, true, 1, exhausted, match);
@@ -378,7 +398,9 @@ std::optional<Table::Row> Table::DoLocate(const std::vector<int>& fields, const 
     return std::move(rows.front());
 }
 
-void Table::DoGoto(const Row& row) { ResetWindow(row); }
+void Table::DoGoto(const Row& row) {
+    ResetWindow(row);
+}
 
 std::optional<Table::Row> Table::DoRefresh() {
     const auto& cur = CurrentRow();
@@ -439,12 +461,14 @@ void Table::SetRange(const std::vector<Value>& start, const std::vector<Value>& 
     CheckBrowseMode();
     auto coerce = [&](const std::vector<Value>& in) {
         if (static_cast<int>(in.size()) > order_.KeyFieldCount())
-            ThrowEngineError(errInvalidValue, "The range has more values than the index '" + indexName_ +
-                                                  "' of table '" + def_->Name + "' has fields");
+            ThrowEngineError(errInvalidValue, "The range has more values than the index '" +
+                                                  indexName_ + "' of table '" + def_->Name +
+                                                  "' has fields");
         std::vector<Value> out;
         for (std::size_t i = 0; i < in.size(); ++i) {
             int field = order_.Terms()[i].Field;
-            out.push_back(in[i].IsNull() ? in[i] : Fields()[static_cast<std::size_t>(field)]->Coerce(in[i]));
+            out.push_back(
+                in[i].IsNull() ? in[i] : Fields()[static_cast<std::size_t>(field)]->Coerce(in[i]));
         }
         return out;
     };
@@ -531,10 +555,11 @@ void Table::FailWrite(const EngineError& e, const char* what) {
         auto colon = detail.rfind(": ");
         std::string columns = colon == std::string::npos ? std::string() : detail.substr(colon + 2);
         std::string prefix = def_->Name + ".";
-        for (std::size_t p; (p = columns.find(prefix)) != std::string::npos;) columns.erase(p, prefix.size());
-        ThrowEngineError(errKeyViolation, "A record with the same key already exists in table '" +
-                                              def_->Name + "'" +
-                                              (columns.empty() ? std::string() : " (" + columns + ")"));
+        for (std::size_t p; (p = columns.find(prefix)) != std::string::npos;)
+            columns.erase(p, prefix.size());
+        ThrowEngineError(errKeyViolation,
+                         "A record with the same key already exists in table '" + def_->Name + "'" +
+                             (columns.empty() ? std::string() : " (" + columns + ")"));
     }
     ThrowEngineError(e.ErrorCode(), std::string(what) + " '" + def_->Name + "': " + e.what());
 }
@@ -559,11 +584,14 @@ Table::Row Table::DoInsertRow(std::vector<Value>& values) {
         for (std::size_t i = 0; i < def_->Fields.size(); ++i) {
             const auto& f = def_->Fields[i];
             if (f.Type != FieldType::AutoInc) continue;
-            if (values[i].IsNull()) values[i] = Value(db_.NextAutoInc(schemaName_, def_->Name, f.Name));
-            else db_.NoteAutoIncValue(schemaName_, def_->Name, f.Name, values[i].Int());
+            if (values[i].IsNull())
+                values[i] = Value(db_.NextAutoInc(schemaName_, def_->Name, f.Name));
+            else
+                db_.NoteAutoIncValue(schemaName_, def_->Name, f.Name, values[i].Int());
         }
         std::string sql = "INSERT INTO " + QualifiedName() + " VALUES (";
-        for (std::size_t i = 0; i < values.size(); ++i) sql += i ? ", ?" : "?";
+        for (std::size_t i = 0; i < values.size(); ++i)
+            sql += i ? ", ?" : "?";
         sql += ")";
         Statement& s = conn.Cached(sql);
         StatementRun run(s);
@@ -576,7 +604,8 @@ Table::Row Table::DoInsertRow(std::vector<Value>& values) {
             step("RELEASE corvane_insert");
         }
         for (std::size_t i = 0; i < def_->Fields.size(); ++i)
-            if (def_->Fields[i].Type == FieldType::AutoInc && Buffer()[i].IsNull()) values[i] = Value();
+            if (def_->Fields[i].Type == FieldType::AutoInc && Buffer()[i].IsNull())
+                values[i] = Value();
         FailWrite(e, "Unable to add a record to");
     }
     return Row{conn.LastInsertRowId(), values};
@@ -596,9 +625,12 @@ void Table::DoUpdateRow(const Row& before, const std::vector<Value>& values) {
     if (slot_ >= 0) guard.emplace(db_.Locks().GuardWrite(slot_, def_->Name));
     try {
         for (std::size_t i = 0; i < def_->Fields.size(); ++i)
-            if (def_->Fields[i].Type == FieldType::AutoInc && !values[i].IsNull() && values[i] != before.Values[i])
-                db_.NoteAutoIncValue(schemaName_, def_->Name, def_->Fields[i].Name, values[i].Int());
-        Statement& s = db_.Conn().Cached("UPDATE " + QualifiedName() + " SET " + sql + " WHERE rowid = ?");
+            if (def_->Fields[i].Type == FieldType::AutoInc && !values[i].IsNull() &&
+                values[i] != before.Values[i])
+                db_.NoteAutoIncValue(schemaName_, def_->Name, def_->Fields[i].Name,
+                                     values[i].Int());
+        Statement& s =
+            db_.Conn().Cached("UPDATE " + QualifiedName() + " SET " + sql + " WHERE rowid = ?");
         StatementRun run(s);
         params.push_back(Value(before.RowId));
         s.BindAll(params);
@@ -668,7 +700,8 @@ void Table::EmptyTable() {
     CheckActive();
     CheckBrowseMode();
     if (slot_ >= 0 && !exclusive_)
-        ThrowEngineError(errTableInUse, "Table '" + def_->Name + "' must be opened exclusively to be emptied");
+        ThrowEngineError(errTableInUse,
+                         "Table '" + def_->Name + "' must be opened exclusively to be emptied");
     db_.Conn().Exec("DELETE FROM " + QualifiedName());
     SetCurrent(DoFirst());
     Notify(DataEvent::DataSetChanged);

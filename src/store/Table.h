@@ -99,7 +99,8 @@ private:
                           bool& exhausted, const SqlCondition& extra = {}, bool keysOnly = false);
     // keysOnly reads just the row id and the index keys (the rest stays null): enough to know a
     // position, and served from the index alone.
-    std::vector<Row> RunRows(const SqlCondition& where, bool reverse, std::size_t limit, bool keysOnly = false);
+    std::vector<Row> RunRows(const SqlCondition& where, bool reverse, std::size_t limit,
+                             bool keysOnly = false);
     // Skips |distance| rows ahead of (or behind) the window by their keys and stands on the last.
     int SkipByKeys(bool forward, std::size_t distance);
     std::optional<Row> ReadRowId(std::int64_t rowId, bool withinView);

@@ -18,7 +18,8 @@ std::string Describe(const FieldDef& f) {
 
 std::string Describe(const IndexDef& ix) {
     std::string out = (ix.IsPrimary() ? std::string("<primary>") : ix.Name) + " [";
-    for (const auto& f : ix.Fields) out += f + (ix.IsDescending(f) ? " desc" : "") + ",";
+    for (const auto& f : ix.Fields)
+        out += f + (ix.IsDescending(f) ? " desc" : "") + ",";
     out += "]";
     if (ix.IsUnique()) out += " unique";
     if (ix.IsNoCase()) out += " nocase";
@@ -47,18 +48,22 @@ TEST_F(CompanySchema, EveryTableAndIndexMatchesItsDefinition) {
             EXPECT_EQ(Describe(stored.Indexes[i]), Describe(def->Indexes[i]));
         // Every index names fields of its table.
         for (const auto& ix : def->Indexes)
-            for (const auto& f : ix.Fields) EXPECT_NE(def->FindField(f), nullptr) << ix.Name << "." << f;
+            for (const auto& f : ix.Fields)
+                EXPECT_NE(def->FindField(f), nullptr) << ix.Name << "." << f;
     }
 }
 
 TEST_F(CompanySchema, TablesAreCreatedInTheirFixedOrder) {
     auto defs = tables::CompanyTables();
-    Statement s(db_.Conn(), "SELECT name FROM sqlite_schema WHERE type = 'table' AND name <> 'CorvaneAutoInc' "
-                            "ORDER BY rowid");
+    Statement s(db_.Conn(),
+                "SELECT name FROM sqlite_schema WHERE type = 'table' AND name <> 'CorvaneAutoInc' "
+                "ORDER BY rowid");
     std::vector<std::string> created;
-    while (s.Step()) created.push_back(s.ColumnValue(0, FieldType::String).Str());
+    while (s.Step())
+        created.push_back(s.ColumnValue(0, FieldType::String).Str());
     ASSERT_EQ(created.size(), defs.size());
-    for (std::size_t i = 0; i < defs.size(); ++i) EXPECT_EQ(created[i], defs[i]->Name);
+    for (std::size_t i = 0; i < defs.size(); ++i)
+        EXPECT_EQ(created[i], defs[i]->Name);
     EXPECT_EQ(defs.front()->Name, "APCheq");
     EXPECT_EQ(defs.back()->Name, "Warehse");
 }

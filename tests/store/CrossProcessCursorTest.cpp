@@ -14,12 +14,14 @@ class CrossProcess : public CompanyTest {
 protected:
     void SetUp() override {
         CompanyTest::SetUp();
-        InsertRow("Vendor", {{"VendorID", 1}, {"VendorNo", "100"}, {"VendorName", "Acme"}, {"CurrencyID", 1}});
+        InsertRow(
+            "Vendor",
+            {{"VendorID", 1}, {"VendorNo", "100"}, {"VendorName", "Acme"}, {"CurrencyID", 1}});
     }
 
     std::unique_ptr<ChildProcess> Hold(const std::string& command, const std::string& table) {
-        auto child = std::make_unique<ChildProcess>(CORVANE_CURSOR_HOLDER,
-                                                    std::vector<std::string>{folder_.Path(), command, table});
+        auto child = std::make_unique<ChildProcess>(
+            CORVANE_CURSOR_HOLDER, std::vector<std::string>{folder_.Path(), command, table});
         EXPECT_TRUE(child->WaitForLine("ready")) << child->Output();
         return child;
     }
@@ -41,7 +43,8 @@ TEST_F(CrossProcess, ARecordInEditBlocksAnotherProcessUntilItDies) {
     EXPECT_EQ(CodeOf([&] { t.Edit(); }), errRecordLocked);
     EXPECT_EQ(CodeOf([&] { t.Delete(); }), errRecordLocked);
     // New rows are not held up by a record lock.
-    InsertRow("Vendor", {{"VendorID", 2}, {"VendorNo", "200"}, {"VendorName", "Bolt"}, {"CurrencyID", 1}});
+    InsertRow("Vendor",
+              {{"VendorID", 2}, {"VendorNo", "200"}, {"VendorName", "Bolt"}, {"CurrencyID", 1}});
     other->Kill();
     other->Wait();
     t.Edit();
@@ -55,7 +58,10 @@ TEST_F(CrossProcess, ATableLockBlocksWritesOfAnotherProcessUntilItDies) {
     t.Open();
     EXPECT_EQ(CodeOf([&] { t.Edit(); }), errRecordLocked);
     EXPECT_EQ(CodeOf([&] {
-                  InsertRow("Vendor", {{"VendorID", 2}, {"VendorNo", "200"}, {"VendorName", "B"}, {"CurrencyID", 1}});
+                  InsertRow("Vendor", {{"VendorID", 2},
+                                       {"VendorNo", "200"},
+                                       {"VendorName", "B"},
+                                       {"CurrencyID", 1}});
               }),
               errTableLocked);
     EXPECT_EQ(CodeOf([&] { t.LockTable(); }), errTableLocked);
@@ -64,7 +70,8 @@ TEST_F(CrossProcess, ATableLockBlocksWritesOfAnotherProcessUntilItDies) {
     other->Kill();
     other->Wait();
     t.LockTable();
-    InsertRow("Vendor", {{"VendorID", 2}, {"VendorNo", "200"}, {"VendorName", "Bolt"}, {"CurrencyID", 1}});
+    InsertRow("Vendor",
+              {{"VendorID", 2}, {"VendorNo", "200"}, {"VendorName", "Bolt"}, {"CurrencyID", 1}});
     t.UnlockTable();
     EXPECT_EQ(CountRows("Vendor"), 2);
 }

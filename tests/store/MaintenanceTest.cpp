@@ -21,7 +21,8 @@ protected:
             t.Insert();
             t.FieldByName("CustomerID").SetAsInteger(10000 + i);
             t.FieldByName("CustomerNo").SetAsString(std::to_string(1000 + i));
-            t.FieldByName("CustomerName").SetAsString("Customer with a fairly long name " + std::to_string(i));
+            t.FieldByName("CustomerName")
+                .SetAsString("Customer with a fairly long name " + std::to_string(i));
             t.FieldByName("CurrencyID").SetAsInteger(1);
             t.Post();
         }
@@ -42,7 +43,8 @@ protected:
         }
         db_.Close();
         {
-            std::fstream f(folder_.Path() + "/company.DAT", std::ios::in | std::ios::out | std::ios::binary);
+            std::fstream f(folder_.Path() + "/company.DAT",
+                           std::ios::in | std::ios::out | std::ios::binary);
             f.seekp((page - 1) * pageSize);
             std::string garbage(static_cast<std::size_t>(pageSize), '\xA5');
             f.write(garbage.data(), static_cast<std::streamsize>(garbage.size()));
@@ -110,7 +112,8 @@ TEST_F(Maintenance, DamagedRowsAreSalvagedAsFarAsTheyRead) {
     EXPECT_EQ(CountRows("Customer"), result.RowsKept);
     EXPECT_LE(result.RowsKept + result.RowsLost, 3000);
     // The table takes new rows again.
-    InsertRow("Customer", {{"CustomerID", 1}, {"CustomerNo", "1"}, {"CustomerName", "New"}, {"CurrencyID", 1}});
+    InsertRow("Customer",
+              {{"CustomerID", 1}, {"CustomerNo", "1"}, {"CustomerName", "New"}, {"CurrencyID", 1}});
 }
 
 } // namespace

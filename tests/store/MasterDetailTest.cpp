@@ -44,7 +44,8 @@ TEST_F(MasterDetail, TheDetailFollowsEveryMoveOfTheMaster) {
         auto id = jv.FieldByName("JVID").AsInteger();
         EXPECT_EQ(det.RecordCount(), id);
         int lines = 0;
-        for (det.First(); !det.Eof(); det.Next(), ++lines) EXPECT_EQ(det.FieldByName("JVID").AsInteger(), id);
+        for (det.First(); !det.Eof(); det.Next(), ++lines)
+            EXPECT_EQ(det.FieldByName("JVID").AsInteger(), id);
         EXPECT_EQ(lines, id);
     }
     ASSERT_TRUE(jv.Locate("JVNumber", {Value(102)}));
@@ -76,7 +77,8 @@ TEST_F(MasterDetail, MovingTheMasterResetsARangeOfTheDetail) {
     EXPECT_EQ(det.RecordCount(), 2);
     jv.Prior();
     EXPECT_EQ(det.RecordCount(), 2);
-    for (det.First(); !det.Eof(); det.Next()) EXPECT_EQ(det.FieldByName("JVID").AsInteger(), 2);
+    for (det.First(); !det.Eof(); det.Next())
+        EXPECT_EQ(det.FieldByName("JVID").AsInteger(), 2);
 }
 
 } // namespace

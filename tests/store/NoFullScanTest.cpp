@@ -26,7 +26,8 @@ protected:
             t.FieldByName("Source").SetAsString(i % 2 ? "AR" : "AP");
             t.FieldByName("JVNumber").SetAsInteger(i / 4);
             t.FieldByName("JVID").SetAsInteger(i / 4);
-            t.FieldByName("TransDate").SetAsDate(Date::FromYmd(2015 + i % 3, 1 + i % 12, 1 + i % 28));
+            t.FieldByName("TransDate")
+                .SetAsDate(Date::FromYmd(2015 + i % 3, 1 + i % 12, 1 + i % 28));
             t.FieldByName("Amount").SetAsMoney(Money::FromCents(i * 7 - 50000));
             if (i % 5) t.FieldByName("TransDescription").SetAsString("Line " + std::to_string(i));
             t.Post();
@@ -51,26 +52,28 @@ protected:
 };
 
 TEST_F(NoFullScans, MovesLookupsAndPagesSeekOnEveryIndexKind) {
-    for (std::string index : {"", "GLAccntIDPeriodDateJVDESC", "PeriodDateJVDESC", "GLAccountIDPeriodDateJV"}) {
+    for (std::string index :
+         {"", "GLAccntIDPeriodDateJVDESC", "PeriodDateJVDESC", "GLAccountIDPeriodDateJV"}) {
         SCOPED_TRACE("index " + index);
         Table t(db_, "GLHist");
         t.SetIndexName(index);
         ExpectSeeks("open", [&] { t.Open(); });
         ExpectSeeks("list page", [&] {
-            for (int i = 0; i < 40 && !t.Eof(); ++i) t.Next();
+            for (int i = 0; i < 40 && !t.Eof(); ++i)
+                t.Next();
         });
         ExpectSeeks("last", [&] { t.Last(); });
         ExpectSeeks("prior page", [&] {
-            for (int i = 0; i < 40; ++i) t.Prior();
+            for (int i = 0; i < 40; ++i)
+                t.Prior();
         });
         ExpectSeeks("first", [&] { t.First(); });
         ExpectSeeks("move by 1000", [&] { EXPECT_EQ(t.MoveBy(1000), 1000); });
         ExpectSeeks("move back 500", [&] { EXPECT_EQ(t.MoveBy(-500), -500); });
         ExpectSeeks("refresh", [&] { t.Refresh(); });
         ExpectSeeks("locate by key", [&] { EXPECT_TRUE(t.Locate("GLHistID", {Value(12345)})); });
-        ExpectSeeks("lookup by indexed field", [&] {
-            EXPECT_FALSE(t.Lookup("JVID", {Value(4321)}, "Amount").IsNull());
-        });
+        ExpectSeeks("lookup by indexed field",
+                    [&] { EXPECT_FALSE(t.Lookup("JVID", {Value(4321)}, "Amount").IsNull()); });
         EXPECT_EQ(t.FieldByName("GLHistID").AsInteger(), 12345);
         ExpectSeeks("next after locate", [&] { t.Next(); });
     }
@@ -83,7 +86,8 @@ TEST_F(NoFullScans, ARangeSeeksToItsStart) {
     ExpectSeeks("range", [&] { t.SetRange({Value(17), Value(2016)}, {Value(17), Value(2016)}); });
     int n = 0;
     ExpectSeeks("walk the range", [&] {
-        for (t.First(); !t.Eof(); t.Next()) ++n;
+        for (t.First(); !t.Eof(); t.Next())
+            ++n;
     });
     EXPECT_EQ(n, t.RecordCount());
     EXPECT_GT(n, 100);

@@ -11,8 +11,12 @@ class Queries : public CompanyTest {
 protected:
     void SetUp() override {
         CompanyTest::SetUp();
-        InsertRow("Vendor", {{"VendorID", 1}, {"VendorNo", "100"}, {"VendorName", "Acme"}, {"CurrencyID", 1}});
-        InsertRow("Vendor", {{"VendorID", 2}, {"VendorNo", "200"}, {"VendorName", "bolt"}, {"CurrencyID", 2}});
+        InsertRow(
+            "Vendor",
+            {{"VendorID", 1}, {"VendorNo", "100"}, {"VendorName", "Acme"}, {"CurrencyID", 1}});
+        InsertRow(
+            "Vendor",
+            {{"VendorID", 2}, {"VendorNo", "200"}, {"VendorName", "bolt"}, {"CurrencyID", 2}});
         for (int i = 1; i <= 6; ++i)
             InsertRow("APInv", {{"APInvoiceID", i},
                                 {"VendorID", 1 + i % 2},
@@ -28,8 +32,10 @@ protected:
 };
 
 TEST_F(Queries, ParametersBindTypedValuesAndAPreparedQueryRunsAgain) {
-    Query q(db_, "SELECT APInvoiceID, InvoiceNo, Owing FROM APInv WHERE VendorID = :VendorID AND Owing <> 0 "
-                 "ORDER BY InvoiceNo");
+    Query q(
+        db_,
+        "SELECT APInvoiceID, InvoiceNo, Owing FROM APInv WHERE VendorID = :VendorID AND Owing <> 0 "
+        "ORDER BY InvoiceNo");
     q.Prepare();
     q.ParamByName("VendorID").SetAsInteger(1);
     q.Open();
@@ -43,18 +49,21 @@ TEST_F(Queries, ParametersBindTypedValuesAndAPreparedQueryRunsAgain) {
     EXPECT_EQ(q.RecordCount(), 2); // 1 and 5; 3 owes nothing
     q.Close();
     // A money parameter meets a money column in its own scale.
-    q.SetSQL("SELECT InvoiceNo FROM APInv WHERE InvoiceAmount > :Amount AND InvoiceDate <= :AsOf ORDER BY InvoiceNo");
+    q.SetSQL("SELECT InvoiceNo FROM APInv WHERE InvoiceAmount > :Amount AND InvoiceDate <= :AsOf "
+             "ORDER BY InvoiceNo");
     q.ParamByName("Amount").SetAsMoney(Money::FromCents(30001));
     q.ParamByName("AsOf").SetAsDate(Date::FromYmd(2017, 3, 5));
     q.Open();
     std::vector<std::string> got;
-    for (q.First(); !q.Eof(); q.Next()) got.push_back(q.FieldByName("InvoiceNo").AsString());
+    for (q.First(); !q.Eof(); q.Next())
+        got.push_back(q.FieldByName("InvoiceNo").AsString());
     EXPECT_EQ(got, (std::vector<std::string>{"I4", "I5"}));
 }
 
 TEST_F(Queries, SumsOfMoneyAreExactAndJoinsCarryTheirTypes) {
     Query q(db_, "SELECT V.VendorName, SUM(I.InvoiceAmount) AS Total, COUNT(*) AS N FROM APInv I "
-                 "INNER JOIN Vendor V ON I.VendorID = V.VendorID GROUP BY V.VendorName ORDER BY V.VendorName NOCASE");
+                 "INNER JOIN Vendor V ON I.VendorID = V.VendorID GROUP BY V.VendorName ORDER BY "
+                 "V.VendorName NOCASE");
     q.Open();
     ASSERT_EQ(q.RecordCount(), 2);
     EXPECT_EQ(q.FieldByName("VendorName").AsString(), "Acme");
@@ -93,8 +102,9 @@ TEST_F(Queries, ScratchTablesLiveInMemory) {
 }
 
 TEST_F(Queries, AFilterOnAQueryNarrowsItsRows) {
-    Query q(db_, "SELECT I.InvoiceNo, I.Posted, V.VendorName FROM APInv I LEFT OUTER JOIN Vendor V ON "
-                 "I.VendorID = V.VendorID ORDER BY I.InvoiceNo");
+    Query q(db_,
+            "SELECT I.InvoiceNo, I.Posted, V.VendorName FROM APInv I LEFT OUTER JOIN Vendor V ON "
+            "I.VendorID = V.VendorID ORDER BY I.InvoiceNo");
     q.Open();
     EXPECT_EQ(q.RecordCount(), 6);
     q.SetFilter("(Posted = false) AND (UPPER(VendorName) LIKE 'B%')");

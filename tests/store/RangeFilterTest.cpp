@@ -21,15 +21,18 @@ protected:
             t.FieldByName("TaskID").SetAsInteger(1);
             t.FieldByName("WorkDate").SetAsDate(Date::FromYmd(2017, 1 + i / 20, 1 + i % 20));
             t.FieldByName("Hours").SetAsFloat(1.5);
-            if (i % 3 == 0) t.FieldByName("InvoiceNo").SetAsString("INV" + std::to_string(i));
-            else if (i % 5 == 0) t.FieldByName("InvoiceNo").SetAsString("");
+            if (i % 3 == 0)
+                t.FieldByName("InvoiceNo").SetAsString("INV" + std::to_string(i));
+            else if (i % 5 == 0)
+                t.FieldByName("InvoiceNo").SetAsString("");
             t.Post();
         }
     }
 
     static std::vector<std::int64_t> Ids(Table& t) {
         std::vector<std::int64_t> ids;
-        for (t.First(); !t.Eof(); t.Next()) ids.push_back(t.FieldByName("TimeSheetID").AsInteger());
+        for (t.First(); !t.Eof(); t.Next())
+            ids.push_back(t.FieldByName("TimeSheetID").AsInteger());
         return ids;
     }
 };
@@ -40,7 +43,8 @@ TEST_F(RangeFilter, NullInAFilterSelectsNullsAndNotEmptyStrings) {
     t.SetFilter("InvoiceNo = null");
     t.SetFiltered(true);
     std::int64_t n = 0;
-    for (t.First(); !t.Eof(); t.Next(), ++n) EXPECT_TRUE(t.FieldByName("InvoiceNo").IsNull());
+    for (t.First(); !t.Eof(); t.Next(), ++n)
+        EXPECT_TRUE(t.FieldByName("InvoiceNo").IsNull());
     // Of 60: 20 billed, and of the other 40 the multiples of 5 (not of 3) have "" - 8 of them.
     EXPECT_EQ(n, 32);
     EXPECT_EQ(t.RecordCount(), 32);
@@ -105,7 +109,8 @@ TEST_F(RangeFilter, AFilterHandlerDecidesRowByRow) {
     t.OnFilterRecord = [](DataSet& ds) { return ds.FieldByName("EmployeeID").AsInteger() == 2; };
     t.SetFiltered(true);
     EXPECT_EQ(t.RecordCount(), 20);
-    for (t.First(); !t.Eof(); t.Next()) EXPECT_EQ(t.FieldByName("EmployeeID").AsInteger(), 2);
+    for (t.First(); !t.Eof(); t.Next())
+        EXPECT_EQ(t.FieldByName("EmployeeID").AsInteger(), 2);
     t.Last();
     EXPECT_EQ(t.FieldByName("EmployeeID").AsInteger(), 2);
 }
@@ -117,11 +122,13 @@ TEST_F(RangeFilter, AMultiFieldRangeIsInclusiveAtBothEnds) {
     t.SetRange({Value(10001)}, {Value(10002)});
     EXPECT_EQ(t.RecordCount(), 30);
     t.SetIndexName("WorkDateID");
-    t.SetRange({Value(Date::FromYmd(2017, 1, 20)), Value(10)}, {Value(Date::FromYmd(2017, 2, 2)), Value(25)});
+    t.SetRange({Value(Date::FromYmd(2017, 1, 20)), Value(10)},
+               {Value(Date::FromYmd(2017, 2, 2)), Value(25)});
     // Rows from (Jan 20, id >= 10) to (Feb 2, id <= 25): Jan 20 is i = 19 (id 20), Feb 1 is
     // i = 20 (id 21), Feb 2 is i = 21 (id 22).
     EXPECT_EQ(Ids(t), (std::vector<std::int64_t>{20, 21, 22}));
-    EXPECT_THROW(t.SetRange({Value(1), Value(2), Value(3)}, {Value(1), Value(2), Value(3)}), EngineError);
+    EXPECT_THROW(t.SetRange({Value(1), Value(2), Value(3)}, {Value(1), Value(2), Value(3)}),
+                 EngineError);
 }
 
 } // namespace

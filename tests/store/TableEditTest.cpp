@@ -59,11 +59,14 @@ TEST_F(TableEdit, BadValuesAreRefusedAndChangeNothing) {
     AddVendor(t, 1, "100", "Acme");
     t.Edit();
     // VendorNo is a string of 10 characters.
-    EXPECT_EQ(ErrorCodeOf([&] { t.FieldByName("VendorNo").SetAsString("12345678901"); }), errStringTooLong);
+    EXPECT_EQ(ErrorCodeOf([&] { t.FieldByName("VendorNo").SetAsString("12345678901"); }),
+              errStringTooLong);
     EXPECT_EQ(t.FieldByName("VendorNo").AsString(), "100");
     EXPECT_EQ(ErrorCodeOf([&] { t.FieldByName("NoSuchField"); }), errFieldNotFound);
-    EXPECT_EQ(ErrorCodeOf([&] { t.FieldByName("CurrencyID").SetAsString("abc"); }), errInvalidValue);
-    EXPECT_EQ(ErrorCodeOf([&] { t.FieldByName("CurrencyID").SetAsInteger(5'000'000'000LL); }), errValueOutOfRange);
+    EXPECT_EQ(ErrorCodeOf([&] { t.FieldByName("CurrencyID").SetAsString("abc"); }),
+              errInvalidValue);
+    EXPECT_EQ(ErrorCodeOf([&] { t.FieldByName("CurrencyID").SetAsInteger(5'000'000'000LL); }),
+              errValueOutOfRange);
     EXPECT_EQ(t.FieldByName("CurrencyID").AsInteger(), 1);
     t.Cancel();
     // Writing outside edit or insert is refused.
@@ -114,7 +117,8 @@ TEST_F(TableEdit, EventsCarryTheRules) {
     t.BeforePost = [&](DataSet& ds) {
         log.push_back("beforepost");
         if (ds.FieldByName("VendorName").AsString() == "refuse") Abort();
-        if (ds.FieldByName("VendorName").AsString() == "complain") throw Exception("Name not allowed");
+        if (ds.FieldByName("VendorName").AsString() == "complain")
+            throw Exception("Name not allowed");
     };
     t.AfterPost = [&](DataSet&) { log.push_back("afterpost"); };
     t.BeforeDelete = [&](DataSet&) { Abort(); };
@@ -136,7 +140,8 @@ TEST_F(TableEdit, EventsCarryTheRules) {
     EXPECT_EQ(t.State(), DataSetState::Insert);
     t.FieldByName("VendorName").SetAsString("Acme");
     t.Post();
-    EXPECT_EQ(log, (std::vector<std::string>{"new", "beforepost", "beforepost", "beforepost", "afterpost"}));
+    EXPECT_EQ(log, (std::vector<std::string>{"new", "beforepost", "beforepost", "beforepost",
+                                             "afterpost"}));
     EXPECT_THROW(t.Delete(), EAbort);
     EXPECT_EQ(t.RecordCount(), 1);
 
@@ -151,12 +156,17 @@ TEST_F(TableEdit, EventsCarryTheRules) {
 }
 
 TEST_F(TableEdit, CalculatedAndLookupFieldsFollowTheRecord) {
-    InsertRow("Currency", {{"CurrencyID", 1}, {"CurrencyName", "Canadian Dollars"}, {"APGLAccountID", 3},
-                           {"APDiscGLAccountID", 6}, {"ARGLAccountID", 2}, {"ARDiscGLAccountID", 5}});
+    InsertRow("Currency", {{"CurrencyID", 1},
+                           {"CurrencyName", "Canadian Dollars"},
+                           {"APGLAccountID", 3},
+                           {"APDiscGLAccountID", 6},
+                           {"ARGLAccountID", 2},
+                           {"ARDiscGLAccountID", 5}});
     Table currency(db_, "Currency");
     currency.Open();
     Table t(db_, "Vendor");
-    t.AddLookupField("CurrencyName", FieldType::String, 20, "CurrencyID", currency, "CurrencyID", "CurrencyName");
+    t.AddLookupField("CurrencyName", FieldType::String, 20, "CurrencyID", currency, "CurrencyID",
+                     "CurrencyName");
     t.AddCalculatedField("Label", FieldType::String, 60);
     t.OnCalcFields = [](DataSet& ds) {
         ds.FieldByName("Label").SetAsString(ds.FieldByName("VendorNo").AsString() + ": " +
@@ -231,7 +241,11 @@ TEST_F(TableEdit, ExclusiveOpenFailsWhileAnotherCursorHasTheTable) {
     Table other(db_, "JVCtl");
     EXPECT_EQ(ErrorCodeOf([&] { other.Open(); }), errTableInUse);
     // Only an exclusive cursor may empty a table.
-    EXPECT_EQ(ErrorCodeOf([&] { shared.Open(); shared.EmptyTable(); }), errTableInUse);
+    EXPECT_EQ(ErrorCodeOf([&] {
+                  shared.Open();
+                  shared.EmptyTable();
+              }),
+              errTableInUse);
     exclusive.Insert();
     exclusive.FieldByName("NextJVID").SetAsInteger(5);
     exclusive.Post();
@@ -277,7 +291,8 @@ TEST_F(TableEdit, AutoIncrementNumbersAreNeverHandedOutTwice) {
 TEST_F(TableEdit, DeleteStandsOnTheNextRowThenThePrior) {
     Table t(db_, "Vendor");
     t.Open();
-    for (int i = 1; i <= 3; ++i) AddVendor(t, i, std::to_string(i), "V" + std::to_string(i));
+    for (int i = 1; i <= 3; ++i)
+        AddVendor(t, i, std::to_string(i), "V" + std::to_string(i));
     ASSERT_TRUE(t.Locate("VendorID", {Value(2)}));
     t.Delete();
     EXPECT_EQ(t.FieldByName("VendorID").AsInteger(), 3);

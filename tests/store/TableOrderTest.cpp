@@ -12,7 +12,9 @@ namespace {
 // A table with one string and one integer key, both with nulls, and indexes in every direction.
 TableDef OrderTable() {
     return TableDef{"OrderTest",
-                    {{"Id", FieldType::Integer, 0, true}, {"Name", FieldType::String, 20}, {"Num", FieldType::Integer}},
+                    {{"Id", FieldType::Integer, 0, true},
+                     {"Name", FieldType::String, 20},
+                     {"Num", FieldType::Integer}},
                     {{"", {"Id"}, ixPrimary | ixUnique},
                      {"Name1", {"Name"}, ixNoCase},
                      {"NumDesc", {"Num"}, ixDescending},
@@ -26,7 +28,8 @@ struct Item {
 };
 
 std::string Upper(std::string s) {
-    for (auto& c : s) c = static_cast<char>(std::toupper(static_cast<unsigned char>(c)));
+    for (auto& c : s)
+        c = static_cast<char>(std::toupper(static_cast<unsigned char>(c)));
     return s;
 }
 
@@ -78,18 +81,21 @@ protected:
             return a.Id < b.Id;
         });
         std::vector<int> ids;
-        for (const auto& it : sorted) ids.push_back(it.Id);
+        for (const auto& it : sorted)
+            ids.push_back(it.Id);
         return ids;
     }
 
     static std::vector<int> Forward(Table& t) {
         std::vector<int> ids;
-        for (t.First(); !t.Eof(); t.Next()) ids.push_back(static_cast<int>(t.FieldByName("Id").AsInteger()));
+        for (t.First(); !t.Eof(); t.Next())
+            ids.push_back(static_cast<int>(t.FieldByName("Id").AsInteger()));
         return ids;
     }
     static std::vector<int> Backward(Table& t) {
         std::vector<int> ids;
-        for (t.Last(); !t.Bof(); t.Prior()) ids.push_back(static_cast<int>(t.FieldByName("Id").AsInteger()));
+        for (t.Last(); !t.Bof(); t.Prior())
+            ids.push_back(static_cast<int>(t.FieldByName("Id").AsInteger()));
         return ids;
     }
 
@@ -158,7 +164,8 @@ TEST_F(TableOrder, LocateFindsTheFirstInIndexOrderAndKeepsThePlaceOnFailure) {
     auto expected = Expected("NumDesc");
     int first = -1;
     for (int id : expected)
-        if (items[static_cast<std::size_t>(id - 1)].Name && Upper(*items[static_cast<std::size_t>(id - 1)].Name) == "ALPHA") {
+        if (items[static_cast<std::size_t>(id - 1)].Name &&
+            Upper(*items[static_cast<std::size_t>(id - 1)].Name) == "ALPHA") {
             first = id;
             break;
         }

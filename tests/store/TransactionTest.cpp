@@ -16,7 +16,8 @@ std::vector<std::string> Snapshot(Database& db, const std::string& table) {
     std::vector<std::string> rows;
     for (t.First(); !t.Eof(); t.Next()) {
         std::string row;
-        for (const auto& f : t.Fields()) row += f->AsValue().DebugString() + "|";
+        for (const auto& f : t.Fields())
+            row += f->AsValue().DebugString() + "|";
         rows.push_back(row);
     }
     return rows;
@@ -27,15 +28,25 @@ protected:
     void SetUp() override {
         CompanyTest::SetUp();
         InsertRow("JVCtl", {{"NextJVID", 10}, {"NextJVNumber", 100}});
-        InsertRow("JV", {{"JVID", 1}, {"GLYear", 2017}, {"GLPeriod", 1}, {"JVNumber", 1}, {"Source", "GL"},
-                         {"TransDate", Date::FromYmd(2017, 1, 1)}, {"TransDescription", "Opening"}});
-        InsertRow("JVDet", {{"JVID", 1}, {"Seq", 1}, {"GLAccountID", 1}, {"GLAmount", Money::FromWhole(5)}});
-        InsertRow("GLActual", {{"GLAccountID", 1}, {"GLYear", 2017}, {"ActualBudget", "A"}, {"OpeningBal", Money::FromWhole(0)}});
+        InsertRow("JV", {{"JVID", 1},
+                         {"GLYear", 2017},
+                         {"GLPeriod", 1},
+                         {"JVNumber", 1},
+                         {"Source", "GL"},
+                         {"TransDate", Date::FromYmd(2017, 1, 1)},
+                         {"TransDescription", "Opening"}});
+        InsertRow("JVDet",
+                  {{"JVID", 1}, {"Seq", 1}, {"GLAccountID", 1}, {"GLAmount", Money::FromWhole(5)}});
+        InsertRow("GLActual", {{"GLAccountID", 1},
+                               {"GLYear", 2017},
+                               {"ActualBudget", "A"},
+                               {"OpeningBal", Money::FromWhole(0)}});
     }
 
     std::map<std::string, std::vector<std::string>> All() {
         std::map<std::string, std::vector<std::string>> all;
-        for (const char* t : {"JVCtl", "JV", "JVDet", "GLActual", "GLHist"}) all[t] = Snapshot(db_, t);
+        for (const char* t : {"JVCtl", "JV", "JVDet", "GLActual", "GLHist"})
+            all[t] = Snapshot(db_, t);
         return all;
     }
 
@@ -43,10 +54,13 @@ protected:
     // voucher posted and deletes a line; then fails if told to.
     void Post(bool failHalfWay) {
         Transaction tx(db_, {"JVCtl", "JV", "JVDet", "GLActual", "GLHist"});
-        Table ctl(db_, "JVCtl"), jv(db_, "JV"), det(db_, "JVDet"), actual(db_, "GLActual"), hist(db_, "GLHist");
-        for (Table* t : {&ctl, &jv, &det, &actual, &hist}) t->Open();
+        Table ctl(db_, "JVCtl"), jv(db_, "JV"), det(db_, "JVDet"), actual(db_, "GLActual"),
+            hist(db_, "GLHist");
+        for (Table* t : {&ctl, &jv, &det, &actual, &hist})
+            t->Open();
         ctl.Edit();
-        ctl.FieldByName("NextJVNumber").SetAsInteger(ctl.FieldByName("NextJVNumber").AsInteger() + 1);
+        ctl.FieldByName("NextJVNumber")
+            .SetAsInteger(ctl.FieldByName("NextJVNumber").AsInteger() + 1);
         ctl.Post();
         for (int i = 0; i < 50; ++i) {
             hist.Insert();

@@ -28,16 +28,21 @@ void CompanyTest::SetUp() {
     db_.Open();
 }
 
-void CompanyTest::TearDown() { db_.Close(); }
+void CompanyTest::TearDown() {
+    db_.Close();
+}
 
-void CompanyTest::CreateTable(const store::TableDef& def) { db_.CreateTable(def); }
+void CompanyTest::CreateTable(const store::TableDef& def) {
+    db_.CreateTable(def);
+}
 
 void CompanyTest::InsertRow(const std::string& table,
                             const std::vector<std::pair<std::string, store::Value>>& values) {
     store::Table t(db_, table);
     t.Open();
     t.Insert();
-    for (const auto& [name, value] : values) t.FieldByName(name).SetValue(value);
+    for (const auto& [name, value] : values)
+        t.FieldByName(name).SetValue(value);
     t.Post();
 }
 

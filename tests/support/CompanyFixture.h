@@ -32,7 +32,8 @@ protected:
     // A table of the test's own, created in the company.
     void CreateTable(const store::TableDef& def);
     // Inserts one row through a fresh cursor: fields and values in pairs.
-    void InsertRow(const std::string& table, const std::vector<std::pair<std::string, store::Value>>& values);
+    void InsertRow(const std::string& table,
+                   const std::vector<std::pair<std::string, store::Value>>& values);
     std::int64_t CountRows(const std::string& table);
 
     TempFolder folder_;

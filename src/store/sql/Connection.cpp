@@ -11,31 +11,43 @@ namespace corvane::store {
 int EngineCodeFor(int rc) {
     switch (rc) {
     case SQLITE_CONSTRAINT_UNIQUE:
-    case SQLITE_CONSTRAINT_PRIMARYKEY: return errKeyViolation;
-    case SQLITE_CONSTRAINT_NOTNULL: return errRequiredField;
+    case SQLITE_CONSTRAINT_PRIMARYKEY:
+        return errKeyViolation;
+    case SQLITE_CONSTRAINT_NOTNULL:
+        return errRequiredField;
     case SQLITE_BUSY:
     case SQLITE_BUSY_RECOVERY:
     case SQLITE_BUSY_SNAPSHOT:
     case SQLITE_BUSY_TIMEOUT:
     case SQLITE_LOCKED:
-    case SQLITE_LOCKED_SHAREDCACHE: return errTableLocked;
+    case SQLITE_LOCKED_SHAREDCACHE:
+        return errTableLocked;
     case SQLITE_CORRUPT:
     case SQLITE_CORRUPT_INDEX:
     case SQLITE_CORRUPT_SEQUENCE:
     case SQLITE_CORRUPT_VTAB:
-    case SQLITE_NOTADB: return errTableCorrupt;
-    case SQLITE_READONLY: return errSqlRefused;
-    default: break;
+    case SQLITE_NOTADB:
+        return errTableCorrupt;
+    case SQLITE_READONLY:
+        return errSqlRefused;
+    default:
+        break;
     }
     switch (rc & 0xff) {
-    case SQLITE_CONSTRAINT: return errKeyViolation;
+    case SQLITE_CONSTRAINT:
+        return errKeyViolation;
     case SQLITE_CORRUPT:
-    case SQLITE_NOTADB: return errTableCorrupt;
+    case SQLITE_NOTADB:
+        return errTableCorrupt;
     case SQLITE_BUSY:
-    case SQLITE_LOCKED: return errTableLocked;
-    case SQLITE_ERROR: return errSqlSyntax;
-    case SQLITE_READONLY: return errSqlRefused;
-    default: return errIo;
+    case SQLITE_LOCKED:
+        return errTableLocked;
+    case SQLITE_ERROR:
+        return errSqlSyntax;
+    case SQLITE_READONLY:
+        return errSqlRefused;
+    default:
+        return errIo;
     }
 }
 
@@ -56,14 +68,18 @@ Statement::~Statement() {
     }
 }
 
-void Statement::Bind(int index, const Value& value) { BindValue(stmt_, index, value); }
+void Statement::Bind(int index, const Value& value) {
+    BindValue(stmt_, index, value);
+}
 
 void Statement::BindAll(const std::vector<Value>& values, int first) {
     for (std::size_t i = 0; i < values.size(); ++i)
         BindValue(stmt_, first + static_cast<int>(i), values[i]);
 }
 
-void Statement::ClearBindings() { sqlite3_clear_bindings(stmt_); }
+void Statement::ClearBindings() {
+    sqlite3_clear_bindings(stmt_);
+}
 
 bool Statement::Step() {
     int rc = sqlite3_step(stmt_);
@@ -79,7 +95,9 @@ void Statement::Reset() {
     sqlite3_reset(stmt_);
 }
 
-int Statement::ColumnCount() const { return sqlite3_column_count(stmt_); }
+int Statement::ColumnCount() const {
+    return sqlite3_column_count(stmt_);
+}
 
 std::string Statement::ColumnName(int column) const {
     const char* n = sqlite3_column_name(stmt_, column);
@@ -95,7 +113,9 @@ bool Statement::ColumnIsNull(int column) const {
     return sqlite3_column_type(stmt_, column) == SQLITE_NULL;
 }
 
-std::int64_t Statement::ColumnInt(int column) const { return sqlite3_column_int64(stmt_, column); }
+std::int64_t Statement::ColumnInt(int column) const {
+    return sqlite3_column_int64(stmt_, column);
+}
 
 static std::string ColumnText(sqlite3_stmt* stmt, int column) {
     const unsigned char* t = sqlite3_column_text(stmt, column);
@@ -109,15 +129,18 @@ Value Statement::ColumnValue(int column, FieldType type) const {
     if (stored == SQLITE_NULL) return Value();
     switch (type) {
     case FieldType::String:
-    case FieldType::Memo: return Value(ColumnText(stmt_, column));
+    case FieldType::Memo:
+        return Value(ColumnText(stmt_, column));
     case FieldType::SmallInt:
     case FieldType::Integer:
     case FieldType::AutoInc:
         if (stored == SQLITE_FLOAT)
             return Value(static_cast<std::int64_t>(sqlite3_column_double(stmt_, column)));
         return Value(static_cast<std::int64_t>(sqlite3_column_int64(stmt_, column)));
-    case FieldType::Boolean: return Value(sqlite3_column_int64(stmt_, column) != 0);
-    case FieldType::Float: return Value(sqlite3_column_double(stmt_, column));
+    case FieldType::Boolean:
+        return Value(sqlite3_column_int64(stmt_, column) != 0);
+    case FieldType::Float:
+        return Value(sqlite3_column_double(stmt_, column));
     case FieldType::Currency:
         if (stored == SQLITE_FLOAT) {
             // A money expression of a query (an amount times a rate) comes back as a fraction
@@ -142,20 +165,31 @@ Value Statement::ColumnValue(int column, FieldType type) const {
 
 Value Statement::ColumnNatural(int column) const {
     switch (sqlite3_column_type(stmt_, column)) {
-    case SQLITE_INTEGER: return Value(static_cast<std::int64_t>(sqlite3_column_int64(stmt_, column)));
-    case SQLITE_FLOAT: return Value(sqlite3_column_double(stmt_, column));
-    case SQLITE_TEXT: return Value(ColumnText(stmt_, column));
-    case SQLITE_BLOB: return ColumnValue(column, FieldType::Graphic);
-    default: return Value();
+    case SQLITE_INTEGER:
+        return Value(static_cast<std::int64_t>(sqlite3_column_int64(stmt_, column)));
+    case SQLITE_FLOAT:
+        return Value(sqlite3_column_double(stmt_, column));
+    case SQLITE_TEXT:
+        return Value(ColumnText(stmt_, column));
+    case SQLITE_BLOB:
+        return ColumnValue(column, FieldType::Graphic);
+    default:
+        return Value();
     }
 }
 
 Connection::Connection(const std::string& path, Mode mode) {
     int flags = SQLITE_OPEN_NOMUTEX | SQLITE_OPEN_URI;
     switch (mode) {
-    case Mode::ReadWrite: flags |= SQLITE_OPEN_READWRITE; break;
-    case Mode::ReadWriteCreate: flags |= SQLITE_OPEN_READWRITE | SQLITE_OPEN_CREATE; break;
-    case Mode::ReadOnly: flags |= SQLITE_OPEN_READONLY; break;
+    case Mode::ReadWrite:
+        flags |= SQLITE_OPEN_READWRITE;
+        break;
+    case Mode::ReadWriteCreate:
+        flags |= SQLITE_OPEN_READWRITE | SQLITE_OPEN_CREATE;
+        break;
+    case Mode::ReadOnly:
+        flags |= SQLITE_OPEN_READONLY;
+        break;
     }
     int rc = sqlite3_open_v2(path.c_str(), &db_, flags, nullptr);
     if (rc != SQLITE_OK) {
@@ -189,13 +223,21 @@ Statement& Connection::Cached(const std::string& sql) {
     return ref;
 }
 
-void Connection::ClearCache() { cache_.clear(); }
+void Connection::ClearCache() {
+    cache_.clear();
+}
 
-std::int64_t Connection::LastInsertRowId() const { return sqlite3_last_insert_rowid(db_); }
+std::int64_t Connection::LastInsertRowId() const {
+    return sqlite3_last_insert_rowid(db_);
+}
 
-int Connection::Changes() const { return sqlite3_changes(db_); }
+int Connection::Changes() const {
+    return sqlite3_changes(db_);
+}
 
-bool Connection::InTransaction() const { return sqlite3_get_autocommit(db_) == 0; }
+bool Connection::InTransaction() const {
+    return sqlite3_get_autocommit(db_) == 0;
+}
 
 void Connection::Fail(int rc, const std::string& context) const {
     std::string message = sqlite3_errmsg(db_);

@@ -15,7 +15,8 @@ TranslatedStatement TranslateSelectStatement(TranslationContext& context,
     TranslatedStatement out;
     SelectParts parts = TranslateSelect(context, select, nullptr, true);
     // Without ORDER BY the order is SQLite's choice: forcing one would make it scan a table
-    // where an index would have found the few rows asked for. Queries that list rows say their order.
+    // where an index would have found the few rows asked for. Queries that list rows say their
+    // order.
     out.Columns = parts.Columns;
     const auto& into = select.Cores[0].Into;
     if (!into) {

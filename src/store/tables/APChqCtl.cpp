@@ -9,8 +9,7 @@ const TableDef& APChqCtl() {
         {
             {"NextChequeID", FieldType::Integer},
         },
-        {
-        },
+        {},
     };
     return def;
 }

@@ -9,8 +9,7 @@ const TableDef& APInvCtl() {
         {
             {"NextInvoiceID", FieldType::Integer},
         },
-        {
-        },
+        {},
     };
     return def;
 }

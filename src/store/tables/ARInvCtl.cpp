@@ -10,8 +10,7 @@ const TableDef& ARInvCtl() {
             {"NextInvoiceID", FieldType::Integer},
             {"NextInvoiceNo", FieldType::Integer},
         },
-        {
-        },
+        {},
     };
     return def;
 }

@@ -9,8 +9,7 @@ const TableDef& ARPmtCtl() {
         {
             {"NextPaymentID", FieldType::Integer},
         },
-        {
-        },
+        {},
     };
     return def;
 }

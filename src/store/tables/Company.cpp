@@ -2,7 +2,8 @@
 
 namespace corvane::store::tables {
 
-// One row per company database; the main form keeps this table open. An empty table marks a database whose wizard has not run.
+// One row per company database; the main form keeps this table open. An empty table marks a
+// database whose wizard has not run.
 const TableDef& Company() {
     static const TableDef def{
         "Company",

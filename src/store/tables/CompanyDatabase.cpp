@@ -14,10 +14,12 @@ namespace fs = std::filesystem;
 
 void CreateCompanyDatabase(const std::string& folder) {
     if (Database::IsDatabaseFolder(folder))
-        ThrowEngineError(errTableExists, "The folder '" + folder + "' already holds a company database");
+        ThrowEngineError(errTableExists,
+                         "The folder '" + folder + "' already holds a company database");
     std::error_code ec;
     fs::create_directories(folder, ec);
-    if (ec) ThrowEngineError(errIo, "Unable to create the folder '" + folder + "': " + ec.message());
+    if (ec)
+        ThrowEngineError(errIo, "Unable to create the folder '" + folder + "': " + ec.message());
     fs::path target = fs::path(folder) / Database::MarkFileName;
     fs::path draft = target;
     draft += ".new";

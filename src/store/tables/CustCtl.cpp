@@ -10,8 +10,7 @@ const TableDef& CustCtl() {
             {"NextCustomerNo", FieldType::Integer},
             {"NextCustomerID", FieldType::Integer},
         },
-        {
-        },
+        {},
     };
     return def;
 }

@@ -9,8 +9,7 @@ const TableDef& FStmtCtl() {
         {
             {"NextStmtID", FieldType::Integer},
         },
-        {
-        },
+        {},
     };
     return def;
 }

@@ -28,7 +28,9 @@ const TableDef& GLActual() {
             {"Amount12", FieldType::Currency},
         },
         {
-            {"", {"GLAccountID", "SubAccount1ID", "SubAccount2ID", "SubAccount3ID", "GLYear"}, ixPrimary | ixUnique},
+            {"",
+             {"GLAccountID", "SubAccount1ID", "SubAccount2ID", "SubAccount3ID", "GLYear"},
+             ixPrimary | ixUnique},
             {"GLAccountID", {"GLAccountID"}, 0},
             {"SubAccount1ID", {"SubAccount1ID"}, 0},
             {"SubAccount2ID", {"SubAccount2ID"}, 0},

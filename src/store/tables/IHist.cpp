@@ -24,7 +24,9 @@ const TableDef& IHist() {
         {
             {"", {"IHistID"}, ixPrimary | ixUnique},
             {"ItemIDPeriodDate", {"ItemID", "GLYear", "GLPeriod", "TransDate"}, 0},
-            {"ItemIDWhseIDPeriodDate", {"ItemID", "WarehouseID", "GLYear", "GLPeriod", "TransDate"}, 0},
+            {"ItemIDWhseIDPeriodDate",
+             {"ItemID", "WarehouseID", "GLYear", "GLPeriod", "TransDate"},
+             0},
             {"PeriodDateDESC", {"GLYear", "GLPeriod", "TransDate", "IHistID"}, ixDescending},
             {"GLPeriod", {"GLPeriod"}, 0},
             {"GLYear", {"GLYear"}, 0},

@@ -13,8 +13,7 @@ const TableDef& ItemCtl() {
             {"NextInvReceiptID", FieldType::Integer},
             {"NextInvReceiptNo", FieldType::Integer},
         },
-        {
-        },
+        {},
     };
     return def;
 }

@@ -35,8 +35,13 @@ const TableDef& JV() {
             {"PeriodJVNumber", {"GLYear", "GLPeriod", "JVNumber"}, ixUnique},
             {"PeriodJVNumberDESC", {"GLYear", "GLPeriod", "JVNumber"}, ixDescending},
             {"PeriodDateJVNumber", {"GLYear", "GLPeriod", "TransDate", "JVNumber"}, 0},
-            {"PeriodDateJVNumberDESC", {"GLYear", "GLPeriod", "TransDate", "JVNumber"}, ixDescending},
-            {"Description_PeriodJVNumberDESC", {"TransDescription", "GLYear", "GLPeriod", "JVNumber"}, ixNoCase | ixDescending, {"GLYear", "GLPeriod", "JVNumber"}},
+            {"PeriodDateJVNumberDESC",
+             {"GLYear", "GLPeriod", "TransDate", "JVNumber"},
+             ixDescending},
+            {"Description_PeriodJVNumberDESC",
+             {"TransDescription", "GLYear", "GLPeriod", "JVNumber"},
+             ixNoCase | ixDescending,
+             {"GLYear", "GLPeriod", "JVNumber"}},
         },
     };
     return def;

@@ -10,8 +10,7 @@ const TableDef& JVCtl() {
             {"NextJVID", FieldType::Integer},
             {"NextJVNumber", FieldType::Integer},
         },
-        {
-        },
+        {},
     };
     return def;
 }

@@ -10,8 +10,7 @@ const TableDef& JobCtl() {
             {"NextJobID", FieldType::Integer},
             {"NextTaskID", FieldType::Integer},
         },
-        {
-        },
+        {},
     };
     return def;
 }

@@ -9,8 +9,7 @@ const TableDef& Logo() {
         {
             {"Logo", FieldType::Graphic},
         },
-        {
-        },
+        {},
     };
     return def;
 }

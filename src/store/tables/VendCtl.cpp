@@ -10,8 +10,7 @@ const TableDef& VendCtl() {
             {"NextVendorNo", FieldType::Integer},
             {"NextVendorID", FieldType::Integer},
         },
-        {
-        },
+        {},
     };
     return def;
 }

@@ -17,7 +17,8 @@ using namespace corvane::store;
 
 int main(int argc, char** argv) {
     if (argc != 4) {
-        std::cerr << "usage: store_cursor_holder <company folder> edit|locktable|exclusive <table>\n";
+        std::cerr
+            << "usage: store_cursor_holder <company folder> edit|locktable|exclusive <table>\n";
         return 64;
     }
     const std::string folder = argv[1], command = argv[2], table = argv[3];
@@ -30,14 +31,17 @@ int main(int argc, char** argv) {
         Table t(db, table);
         t.SetExclusive(command == "exclusive");
         t.Open();
-        if (command == "edit") t.Edit();
-        else if (command == "locktable") t.LockTable();
+        if (command == "edit")
+            t.Edit();
+        else if (command == "locktable")
+            t.LockTable();
         else if (command != "exclusive") {
             std::cerr << "unknown command '" << command << "'\n";
             return 64;
         }
         std::cout << "ready" << std::endl;
-        for (;;) pause();
+        for (;;)
+            pause();
     } catch (const EngineError& e) {
         std::cout << "error " << e.ErrorCode() << ": " << e.what() << std::endl;
         return 2;
