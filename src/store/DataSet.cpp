@@ -182,6 +182,35 @@ bool DataSet::AcceptRow(const Row& row) {
     return accepted;
 }
 
+void DataSet::VisitRowsAround(int before, int after, const std::function<void(int offset)>& visit) {
+    CheckActive();
+    if (state_ != DataSetState::Browse || !current_) {
+        // A record being edited is shown as it is, alone.
+        if (state_ != DataSetState::Browse || current_) visit(0);
+        return;
+    }
+    auto ahead = before > 0 ? DoRowsNear(false, before) : std::vector<Row>{};
+    auto behind = after > 0 ? DoRowsNear(true, after) : std::vector<Row>{};
+    std::vector<Value> saved = buffer_;
+    auto show = [&](const Row& row, int offset) {
+        std::copy(row.Values.begin(), row.Values.end(), buffer_.begin());
+        CalculateFields();
+        visit(offset);
+    };
+    try {
+        for (std::size_t i = ahead.size(); i-- > 0;)
+            show(ahead[i], -static_cast<int>(i) - 1);
+        buffer_ = saved;
+        visit(0);
+        for (std::size_t i = 0; i < behind.size(); ++i)
+            show(behind[i], static_cast<int>(i) + 1);
+    } catch (...) {
+        buffer_ = std::move(saved);
+        throw;
+    }
+    buffer_ = std::move(saved);
+}
+
 // ----- moving
 
 void DataSet::Scrolled() {

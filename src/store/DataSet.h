@@ -76,6 +76,12 @@ public:
     std::vector<Value> LookupValues(std::string_view keyFields, const std::vector<Value>& values,
                                     std::string_view resultFields);
 
+    // Shows the rows around the current one to visit(offset), each in turn as if it were
+    // current (fields and calculated fields read it), without moving the cursor and without
+    // telling anyone: offset -before..-1 for the rows ahead of it, 0 for the current one, 1..after
+    // for those behind it; fewer at the ends. What a grid or a drop-down list needs to draw.
+    void VisitRowsAround(int before, int after, const std::function<void(int offset)>& visit);
+
     // ----- fields
     Field& FieldByName(std::string_view name);
     Field* FindField(std::string_view name);
@@ -149,6 +155,9 @@ protected:
                                         const std::vector<Value>& values, bool caseInsensitive) = 0;
     // Makes row (found by DoLocate) the cursor's position.
     virtual void DoGoto(const Row& row) = 0;
+    // Up to |count| rows next to the current one (behind it when forward), nearest first,
+    // without moving.
+    virtual std::vector<Row> DoRowsNear(bool forward, int count) = 0;
     // Re-reads the current row; when it is gone, the row that now stands in its place.
     virtual std::optional<Row> DoRefresh() = 0;
     // Checks and applies a new filter before the dataset takes it: a bad expression throws and

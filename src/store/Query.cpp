@@ -252,6 +252,16 @@ void Query::DoGoto(const Row& row) {
     pos_ = static_cast<std::size_t>(row.RowId);
 }
 
+std::vector<Query::Row> Query::DoRowsNear(bool forward, int count) {
+    std::vector<Row> out;
+    for (int i = 1; i <= count && !rows_.empty(); ++i) {
+        long at = static_cast<long>(pos_) + (forward ? i : -i);
+        if (at < 0 || at >= static_cast<long>(rows_.size())) break;
+        out.push_back(rows_[static_cast<std::size_t>(at)]);
+    }
+    return out;
+}
+
 std::optional<Query::Row> Query::DoRefresh() {
     std::size_t keep = pos_;
     ReadRows();

@@ -402,6 +402,28 @@ void Table::DoGoto(const Row& row) {
     ResetWindow(row);
 }
 
+std::vector<Table::Row> Table::DoRowsNear(bool forward, int count) {
+    const auto& cur = CurrentRow();
+    if (!cur || count <= 0) return {};
+    // Served from the window where it holds them, so a grid's redraw costs no read.
+    std::vector<Row> out;
+    std::size_t wanted = static_cast<std::size_t>(count);
+    if (!window_.empty() && window_[pos_].RowId == cur->RowId) {
+        if (forward)
+            for (std::size_t i = pos_ + 1; i < window_.size() && out.size() < wanted; ++i)
+                out.push_back(window_[i]);
+        else
+            for (std::size_t i = pos_; i-- > 0 && out.size() < wanted;)
+                out.push_back(window_[i]);
+        if (out.size() == wanted || (forward ? windowAtEnd_ : windowAtStart_)) return out;
+    }
+    bool exhausted = false;
+    auto more = Read(out.empty() ? *cur : out.back(), forward, wanted - out.size(), exhausted);
+    for (auto& r : more)
+        out.push_back(std::move(r));
+    return out;
+}
+
 std::optional<Table::Row> Table::DoRefresh() {
     const auto& cur = CurrentRow();
     if (!cur) return DoFirst();

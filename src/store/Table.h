@@ -75,6 +75,7 @@ protected:
     std::optional<Row> DoLocate(const std::vector<int>& fields, const std::vector<Value>& values,
                                 bool caseInsensitive) override;
     void DoGoto(const Row& row) override;
+    std::vector<Row> DoRowsNear(bool forward, int count) override;
     std::optional<Row> DoRefresh() override;
     void DoFilterChanged(const std::string& expression, bool filtered) override;
     std::optional<Row> DoLockForEdit(const Row& current) override;

@@ -15,9 +15,8 @@ struct RowWindow {
 };
 
 // Reads up to `before` rows ahead of the current one, the current one and up to `after` rows
-// behind it, in the cursor's order. The cursor walks there and back with its controls disabled
-// and its scroll events held, and ends on the row it stood on; a cursor in Edit or Insert is not
-// moved and gives its current record only.
+// behind it, in the cursor's order, without moving the cursor; a cursor in Edit or Insert gives
+// its current record only.
 RowWindow ReadRowWindow(store::DataSet& dataSet, const std::vector<std::string>& fieldNames,
                         int before, int after);
 

@@ -179,6 +179,37 @@ TEST_F(TableOrder, LocateFindsTheFirstInIndexOrderAndKeepsThePlaceOnFailure) {
     EXPECT_TRUE(t.FieldByName("Name").IsNull());
 }
 
+TEST_F(TableOrder, RowsAroundAreShownWithoutMovingOrTellingAnyone) {
+    Table t(db_, "OrderTest");
+    t.SetIndexName("Name1NumDesc");
+    t.AddCalculatedField("Twice", FieldType::Integer);
+    t.OnCalcFields = [](DataSet& ds) {
+        ds.FieldByName("Twice").SetAsInteger(ds.FieldByName("Id").AsInteger() * 2);
+    };
+    t.Open();
+    auto expected = Expected("Name1NumDesc");
+    t.MoveBy(100);
+    int scrolls = 0;
+    t.AfterScroll = [&](DataSet&) { ++scrolls; };
+    std::vector<std::pair<int, std::int64_t>> seen;
+    t.VisitRowsAround(50, 60, [&](int offset) {
+        EXPECT_EQ(t.FieldByName("Twice").AsInteger(), 2 * t.FieldByName("Id").AsInteger());
+        seen.emplace_back(offset, t.FieldByName("Id").AsInteger());
+    });
+    ASSERT_EQ(seen.size(), 111u);
+    for (const auto& [offset, id] : seen)
+        EXPECT_EQ(id, expected[static_cast<std::size_t>(100 + offset)]);
+    EXPECT_EQ(t.FieldByName("Id").AsInteger(), expected[100]);
+    EXPECT_EQ(scrolls, 0);
+    // Near the end there are fewer rows behind.
+    t.Last();
+    int behind = 0;
+    t.VisitRowsAround(0, 5, [&](int offset) { behind += offset > 0; });
+    EXPECT_EQ(behind, 0);
+    t.Next();
+    EXPECT_TRUE(t.Eof());
+}
+
 using EmptyTable = corvane::testing::CompanyTest;
 
 TEST_F(EmptyTable, LocateAndLookupOnAnEmptyTable) {
