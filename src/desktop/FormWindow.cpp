@@ -1,0 +1,205 @@
+#include "desktop/FormWindow.h"
+
+#include "desktop/BindingFactory.h"
+#include "desktop/ControlBinding.h"
+#include "desktop/KeyTranslation.h"
+#include "desktop/LayoutBuilder.h"
+#include "desktop/MenuBarBinding.h"
+#include "desktop/QtHost.h"
+#include "ui/Application.h"
+#include "ui/Form.h"
+#include "ui/KeyRouter.h"
+#include "ui/Menu.h"
+#include "ui/StatusBar.h"
+#include "ui/ToolBar.h"
+
+#include <QAbstractItemView>
+#include <QCloseEvent>
+#include <QFocusEvent>
+#include <QKeyEvent>
+#include <QMenuBar>
+#include <QPlainTextEdit>
+#include <QVBoxLayout>
+
+namespace corvane::desktop {
+
+FormWindow::FormWindow(QtHost& host, ui::Form& form) : host_(host), form_(form) {
+    setObjectName(QString::fromStdString(form.Name()));
+    setWindowFlags(Qt::Window | Qt::WindowTitleHint | Qt::WindowSystemMenuHint |
+                   Qt::WindowMinMaxButtonsHint | Qt::WindowCloseButtonHint);
+    Build();
+}
+
+FormWindow::~FormWindow() {
+    // The form may be gone already; nothing the widgets do while they go may reach it.
+    orphaned_ = true;
+    for (auto& [widget, binding] : watched_)
+        const_cast<QObject*>(widget)->removeEventFilter(this);
+}
+
+void FormWindow::Build() {
+    auto* outer = new QVBoxLayout(this);
+    outer->setContentsMargins(0, 0, 0, 0);
+    outer->setSpacing(0);
+    LayoutBuilder builder(*this);
+
+    for (ui::Component* c : form_.Components())
+        if (auto* menu = dynamic_cast<ui::MainMenu*>(c)) {
+            menu_ = std::make_unique<MenuBarBinding>(*this, *menu);
+            outer->setMenuBar(menu_->Bar());
+            break;
+        }
+
+    // Tool bars and status bars outside the layout take their usual places above and below it.
+    std::vector<ui::Control*> inLayout;
+    if (form_.Layout())
+        form_.Layout()->ForEachControl([&](ui::Control& c) { inLayout.push_back(&c); });
+    auto outside = [&](ui::Control* c) {
+        return std::find(inLayout.begin(), inLayout.end(), c) == inLayout.end();
+    };
+    for (ui::Component* c : form_.Components())
+        if (auto* bar = dynamic_cast<ui::ToolBar*>(c); bar && outside(bar)) {
+            outer->addWidget(Bind(*bar, builder));
+        }
+
+    auto* body = new QWidget(this);
+    QLayout* content = builder.BuildForm(form_);
+    body->setLayout(content);
+    outer->addWidget(body, 1);
+
+    for (ui::Component* c : form_.Components())
+        if (auto* bar = dynamic_cast<ui::StatusBar*>(c); bar && outside(bar)) {
+            outer->addWidget(Bind(*bar, builder));
+        }
+}
+
+QWidget* FormWindow::Bind(ui::Control& control, LayoutBuilder& builder) {
+    if (ControlBinding* b = BindingOf(control)) return b->Widget();
+    std::unique_ptr<ControlBinding> binding = MakeBinding(*this, control, builder);
+    ControlBinding& ref = *binding;
+    bindings_.push_back(std::move(binding));
+    byControl_[&control] = &ref;
+    ref.Widget()->setObjectName(QString::fromStdString(control.Name()));
+    Watch(ref.FocusWidget(), ref);
+    return ref.Widget();
+}
+
+void FormWindow::Watch(QWidget* widget, ControlBinding& binding) {
+    if (!widget) return;
+    watched_[widget] = &binding;
+    widget->installEventFilter(this);
+}
+
+ControlBinding* FormWindow::BindingOf(const ui::Control& control) const {
+    auto it = byControl_.find(&control);
+    return it == byControl_.end() ? nullptr : it->second;
+}
+
+QWidget* FormWindow::WidgetOf(std::string_view name) const {
+    for (const auto& b : bindings_)
+        if (b->Control().Name() == name) return b->Widget();
+    return nullptr;
+}
+
+QMenuBar* FormWindow::MenuBar() const {
+    return menu_ ? menu_->Bar() : nullptr;
+}
+
+void FormWindow::Pull() {
+    if (orphaned_) return;
+    setWindowTitle(QString::fromStdString(form_.Caption));
+    if (!sized_) {
+        sized_ = true;
+        // The form's size is what it needs at least; bars and frames come on top when the
+        // widgets ask for more, and a list or a memo is never left showing a few lines only.
+        QSize size = sizeHint();
+        if (form_.ClientWidth > 0 && form_.ClientHeight > 0)
+            size = size.expandedTo(QSize(form_.ClientWidth, form_.ClientHeight));
+        if (findChild<QAbstractItemView*>() || findChild<QPlainTextEdit*>())
+            size = size.expandedTo(QSize(520, 380));
+        resize(size);
+        if (form_.Left >= 0 && form_.Top >= 0) move(form_.Left, form_.Top);
+        if (form_.State == ui::WindowState::Maximized) setWindowState(Qt::WindowMaximized);
+    }
+    if (menu_) menu_->Pull();
+    for (auto& b : bindings_)
+        b->Pull();
+    if (ui::Control* active = form_.ActiveControl())
+        if (ControlBinding* b = BindingOf(*active)) {
+            QWidget* target = b->FocusWidget();
+            if (target && target->isVisibleTo(this) && target != focusWidget())
+                target->setFocus(Qt::OtherFocusReason);
+        }
+}
+
+void FormWindow::UserEvent(const std::function<void()>& act) {
+    if (orphaned_) return;
+    ui::Application& app = form_.App();
+    try {
+        app.Run(act);
+    } catch (const std::exception& e) {
+        // Only a script's mistake passes Run; on the desktop it is the program's and is shown.
+        app.HandleException(e);
+        host_.EventDone();
+    }
+}
+
+void FormWindow::RouteKey(const QKeyEvent& event, ui::Control* target) {
+    TranslatedKey key = TranslateKey(event);
+    if (key.Stroke.Code == ui::Key::None && key.Char == 0) return;
+    UserEvent([&] {
+        // The key went to the widget the user sees focused; the form must agree first.
+        if (target && !target->Focused()) {
+            if (!target->CanFocus()) return;
+            target->SetFocus();
+            if (!target->Focused()) return;
+        }
+        ui::KeyRouter::Route(form_, key.Stroke, key.Char);
+    });
+}
+
+bool FormWindow::eventFilter(QObject* watched, QEvent* event) {
+    auto it = watched_.find(watched);
+    if (it == watched_.end() || orphaned_) return QDialog::eventFilter(watched, event);
+    ControlBinding& binding = *it->second;
+    if (event->type() == QEvent::KeyPress) {
+        auto* key = static_cast<QKeyEvent*>(event);
+        if (binding.RoutesKey(*key)) {
+            RouteKey(*key, &binding.Control());
+            return true;
+        }
+    } else if (event->type() == QEvent::ShortcutOverride) {
+        // Keys the form routes must not be taken by a shortcut of the widget on the way.
+        auto* key = static_cast<QKeyEvent*>(event);
+        if (binding.RoutesKey(*key)) {
+            event->accept();
+            return true;
+        }
+    } else if (event->type() == QEvent::FocusIn) {
+        auto reason = static_cast<QFocusEvent*>(event)->reason();
+        ui::Control& control = binding.Control();
+        bool byUser = reason == Qt::MouseFocusReason || reason == Qt::TabFocusReason ||
+                      reason == Qt::BacktabFocusReason || reason == Qt::ShortcutFocusReason;
+        if (byUser && !control.Focused() && control.CanFocus())
+            UserEvent([&] { control.SetFocus(); });
+    }
+    return QDialog::eventFilter(watched, event);
+}
+
+void FormWindow::keyPressEvent(QKeyEvent* event) {
+    if (orphaned_) return QDialog::keyPressEvent(event);
+    RouteKey(*event, nullptr);
+}
+
+void FormWindow::closeEvent(QCloseEvent* event) {
+    // The form decides; it hides the window itself when it closes.
+    event->ignore();
+    if (!orphaned_ && form_.Visible()) UserEvent([this] { form_.Close(); });
+}
+
+void FormWindow::reject() {
+    // Escape reaching the dialog itself: the form's Cancel button handles it, as keys do.
+    if (!orphaned_ && form_.Visible()) UserEvent([this] { form_.PressKey(ui::Key::Escape); });
+}
+
+} // namespace corvane::desktop

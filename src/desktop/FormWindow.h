@@ -1,0 +1,71 @@
+#pragma once
+
+#include <QDialog>
+
+#include <functional>
+#include <map>
+#include <memory>
+#include <string_view>
+#include <vector>
+
+class QMenuBar;
+
+namespace corvane::ui {
+class Control;
+class Form;
+} // namespace corvane::ui
+
+namespace corvane::desktop {
+
+class ControlBinding;
+class LayoutBuilder;
+class MenuBarBinding;
+class QtHost;
+
+// The window of one form: widgets built from the form's layout, its menu bar, tool bars and
+// status bar. Keys, clicks and focus changes reach the form as the user's events; after each
+// event Pull shows the form's state again.
+class FormWindow : public QDialog {
+public:
+    FormWindow(QtHost& host, ui::Form& form);
+    ~FormWindow() override;
+
+    ui::Form& Form() const { return form_; }
+    // Shows the caption, the controls' states and the focused control.
+    void Pull();
+    // Runs what the user did as one event of the application; an error the program did not
+    // expect is shown like any other.
+    void UserEvent(const std::function<void()>& act);
+    // The form was freed: nothing may reach it any more.
+    void Orphan() { orphaned_ = true; }
+
+    // The widget of a control, made on first use.
+    QWidget* Bind(ui::Control& control, LayoutBuilder& builder);
+    // Keys and focus of widget belong to binding.
+    void Watch(QWidget* widget, ControlBinding& binding);
+    ControlBinding* BindingOf(const ui::Control& control) const;
+    // The widget of the control named name; null when it has none.
+    QWidget* WidgetOf(std::string_view name) const;
+    QMenuBar* MenuBar() const;
+
+protected:
+    bool eventFilter(QObject* watched, QEvent* event) override;
+    void keyPressEvent(QKeyEvent* event) override;
+    void closeEvent(QCloseEvent* event) override;
+    void reject() override;
+
+private:
+    void Build();
+    void RouteKey(const QKeyEvent& event, ui::Control* target);
+
+    QtHost& host_;
+    ui::Form& form_;
+    std::vector<std::unique_ptr<ControlBinding>> bindings_;
+    std::map<const ui::Control*, ControlBinding*> byControl_;
+    std::map<const QObject*, ControlBinding*> watched_;
+    std::unique_ptr<MenuBarBinding> menu_;
+    bool orphaned_ = false;
+    bool sized_ = false;
+};
+
+} // namespace corvane::desktop

@@ -1,0 +1,90 @@
+#include "desktop/GridBinding.h"
+
+#include "core/Exception.h"
+#include "desktop/FormWindow.h"
+#include "desktop/GridTableModel.h"
+#include "ui/Grid.h"
+
+#include <QHeaderView>
+#include <QTableView>
+#include <QTimer>
+
+namespace corvane::desktop {
+
+GridBinding::GridBinding(FormWindow& window, ui::Grid& grid)
+    : ControlBinding(window, grid), grid_(grid), view_(new QTableView),
+      model_(new GridTableModel(grid, view_)) {
+    view_->setModel(model_);
+    view_->setSelectionBehavior(QAbstractItemView::SelectRows);
+    view_->setSelectionMode(QAbstractItemView::SingleSelection);
+    view_->setEditTriggers(QAbstractItemView::NoEditTriggers);
+    // The view follows the cursor; it scrolls only where the user or the form moves it.
+    view_->setAutoScroll(false);
+    view_->setAlternatingRowColors(true);
+    view_->setWordWrap(false);
+    view_->setCornerButtonEnabled(false);
+    QHeaderView* rows = view_->verticalHeader();
+    rows->setVisible(false);
+    rows->setSectionResizeMode(QHeaderView::Fixed);
+    rows->setDefaultSectionSize(view_->fontMetrics().height() + 6);
+    view_->horizontalHeader()->setHighlightSections(false);
+    view_->horizontalHeader()->setStretchLastSection(true);
+    int section = 0;
+    for (const auto& column : grid.Columns)
+        if (column.Visible) view_->setColumnWidth(section++, column.Width);
+
+    grid.OnRowsChanged = [this, alive = std::weak_ptr<bool>(alive_)] {
+        if (alive.expired()) return; // the window went before the form
+        if (!model_->Moving()) changed_ = true;
+    };
+    QObject::connect(view_, &QTableView::pressed, [this](const QModelIndex& index) {
+        UserEvent([this, row = index.row()] { grid_.SelectRow(row); });
+    });
+    QObject::connect(view_, &QTableView::doubleClicked,
+                     [this] { UserEvent([this] { grid_.DblClick(); }); });
+    QObject::connect(view_->horizontalHeader(), &QHeaderView::sectionClicked, [this](int column) {
+        UserEvent([this, field = model_->FieldOfColumn(column)] { grid_.ClickTitle(field); });
+    });
+    // Scrolling far moved the cursor. Once the view has painted, the mark follows and the form
+    // shows its new row, as after any other move.
+    QObject::connect(model_, &GridTableModel::CursorMoved, view_, [this] {
+        QTimer::singleShot(0, view_, [this] {
+            UserEvent([error = model_->TakeMoveError()] {
+                if (!error.empty()) throw Exception(error);
+            });
+            ShowCursorRow(false);
+        });
+    });
+}
+
+GridBinding::~GridBinding() = default;
+
+QWidget* GridBinding::Widget() const {
+    return view_;
+}
+
+bool GridBinding::RoutesKey(const QKeyEvent&) const {
+    return true;
+}
+
+void GridBinding::PullState() {
+    int rowHeight = view_->verticalHeader()->defaultSectionSize();
+    if (rowHeight > 0 && view_->viewport()->height() > rowHeight)
+        grid_.VisibleRows = view_->viewport()->height() / rowHeight;
+    if (!changed_) return;
+    changed_ = false;
+    model_->Reload();
+    ShowCursorRow(true);
+}
+
+void GridBinding::ShowCursorRow(bool reveal) {
+    auto row = model_->CursorRow();
+    if (!row || *row >= model_->rowCount()) return;
+    QModelIndex index = model_->index(static_cast<int>(*row), 0);
+    view_->selectionModel()->setCurrentIndex(index, QItemSelectionModel::ClearAndSelect |
+                                                        QItemSelectionModel::Rows);
+    view_->viewport()->update();
+    if (reveal) view_->scrollTo(index, QAbstractItemView::EnsureVisible);
+}
+
+} // namespace corvane::desktop

@@ -1,0 +1,91 @@
+#include "desktop/QtDesktopServices.h"
+
+#include <QApplication>
+#include <QClipboard>
+#include <QDesktopServices>
+#include <QFileDialog>
+#include <QLocale>
+#include <QTimer>
+#include <QUrl>
+
+namespace corvane::desktop {
+
+QtDesktopServices::QtDesktopServices() = default;
+QtDesktopServices::~QtDesktopServices() = default;
+
+void QtDesktopServices::OpenUrl(const std::string& url) {
+    QDesktopServices::openUrl(QUrl(QString::fromStdString(url)));
+}
+
+void QtDesktopServices::OpenMail(const std::string& mailto) {
+    QDesktopServices::openUrl(QUrl(QString::fromStdString(mailto)));
+}
+
+std::string QtDesktopServices::ClipboardText() {
+    return QGuiApplication::clipboard()->text().toStdString();
+}
+
+void QtDesktopServices::SetClipboardText(const std::string& text) {
+    QGuiApplication::clipboard()->setText(QString::fromStdString(text));
+}
+
+void QtDesktopServices::Beep() {
+    QApplication::beep();
+}
+
+ui::TimerId QtDesktopServices::StartTimer(int intervalMs, bool repeating,
+                                          std::function<void()> callback) {
+    ui::TimerId id = nextTimer_++;
+    auto timer = std::make_unique<QTimer>();
+    timer->setInterval(intervalMs);
+    timer->setSingleShot(!repeating);
+    QObject::connect(timer.get(), &QTimer::timeout, [this, id, repeating, callback] {
+        // A one-shot timer is gone before its callback runs, so that the callback may start
+        // another under a new id.
+        if (!repeating) {
+            auto it = timers_.find(id);
+            if (it != timers_.end()) {
+                it->second.release()->deleteLater();
+                timers_.erase(it);
+            }
+        }
+        callback();
+    });
+    timer->start();
+    timers_.emplace(id, std::move(timer));
+    return id;
+}
+
+void QtDesktopServices::StopTimer(ui::TimerId id) {
+    auto it = timers_.find(id);
+    if (it == timers_.end()) return;
+    it->second->stop();
+    // The timer may be the one whose callback is running now.
+    it->second.release()->deleteLater();
+    timers_.erase(it);
+}
+
+std::string QtDesktopServices::LoginUserName() {
+    QString name = qEnvironmentVariable("USER");
+    if (name.isEmpty()) name = qEnvironmentVariable("USERNAME");
+    return name.toStdString();
+}
+
+std::string QtDesktopServices::CountryName() {
+    return QLocale::territoryToString(QLocale::system().territory()).toStdString();
+}
+
+std::string QtDesktopServices::DefaultPrinter() {
+    // Printing comes with the report preview; until then there is no printer to name.
+    return {};
+}
+
+std::optional<std::string> QtDesktopServices::PickFolder(const std::string& title,
+                                                         const std::string& start) {
+    QString folder = QFileDialog::getExistingDirectory(
+        QApplication::activeWindow(), QString::fromStdString(title), QString::fromStdString(start));
+    if (folder.isEmpty()) return std::nullopt;
+    return folder.toStdString();
+}
+
+} // namespace corvane::desktop

@@ -1,0 +1,106 @@
+#include "desktop/QtHost.h"
+
+#include "desktop/FormWindow.h"
+#include "ui/Application.h"
+#include "ui/Form.h"
+
+#include <QApplication>
+#include <QMenuBar>
+
+#include <algorithm>
+
+namespace corvane::desktop {
+
+QtHost::QtHost() = default;
+
+QtHost::~QtHost() {
+    // The application and its forms may have gone before the host.
+    for (auto& [form, window] : windows_) {
+        window->Orphan();
+        delete window;
+    }
+}
+
+FormWindow* QtHost::WindowOf(const ui::Form& form) const {
+    auto it = windows_.find(&form);
+    return it == windows_.end() ? nullptr : it->second;
+}
+
+FormWindow* QtHost::WindowOf(std::string_view formName) const {
+    if (!app_) return nullptr;
+    ui::Form* form = app_->FindForm(formName);
+    return form ? WindowOf(*form) : nullptr;
+}
+
+FormWindow& QtHost::Window(ui::Form& form) {
+    app_ = &form.App();
+    DropOrphans();
+    if (FormWindow* w = WindowOf(form)) return *w;
+    auto* window = new FormWindow(*this, form);
+    windows_.emplace(&form, window);
+    return *window;
+}
+
+void QtHost::DropOrphans() {
+    if (!app_) return;
+    const auto& forms = app_->Forms();
+    for (auto it = windows_.begin(); it != windows_.end();) {
+        if (std::find(forms.begin(), forms.end(), it->first) == forms.end()) {
+            it->second->Orphan();
+            it->second->hide();
+            it->second->deleteLater();
+            it = windows_.erase(it);
+        } else {
+            ++it;
+        }
+    }
+}
+
+void QtHost::ShowForm(ui::Form& form) {
+    FormWindow& w = Window(form);
+    w.Pull();
+    w.show();
+    w.raise();
+    w.activateWindow();
+}
+
+void QtHost::HideForm(ui::Form& form) {
+    if (FormWindow* w = WindowOf(form)) w->hide();
+    if (app_ && app_->MainForm() == &form) QCoreApplication::exit(0);
+}
+
+void QtHost::RunModal(ui::Form& form) {
+    FormWindow& w = Window(form);
+    if (!form.Visible()) return;
+    w.Pull();
+    w.setWindowModality(Qt::ApplicationModal);
+    w.exec();
+}
+
+void QtHost::SetWaitCursor(bool on) {
+    if (on)
+        QApplication::setOverrideCursor(Qt::WaitCursor);
+    else
+        QApplication::restoreOverrideCursor();
+}
+
+void QtHost::ActivateMenuBar(ui::Form& form) {
+    FormWindow* w = WindowOf(form);
+    QMenuBar* bar = w ? w->MenuBar() : nullptr;
+    if (bar && !bar->actions().isEmpty()) bar->setActiveAction(bar->actions().first());
+}
+
+void QtHost::EventDone() {
+    if (refreshing_) return;
+    refreshing_ = true;
+    DropOrphans();
+    for (auto& [form, window] : windows_)
+        if (window->isVisible()) window->Pull();
+    refreshing_ = false;
+}
+
+void QtHost::ProcessMessages() {
+    QCoreApplication::processEvents();
+}
+
+} // namespace corvane::desktop

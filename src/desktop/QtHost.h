@@ -1,0 +1,47 @@
+#pragma once
+
+#include "ui/Host.h"
+
+#include <map>
+#include <string_view>
+
+namespace corvane::ui {
+class Application;
+}
+
+namespace corvane::desktop {
+
+class FormWindow;
+
+// Forms as Qt windows. A form's window is made at its first showing and follows the form after
+// every event; a modal form runs Qt's modal loop until the form hides itself.
+class QtHost : public ui::Host {
+public:
+    QtHost();
+    ~QtHost() override;
+    QtHost(const QtHost&) = delete;
+    QtHost& operator=(const QtHost&) = delete;
+
+    // The window of the form, when it has been shown.
+    FormWindow* WindowOf(const ui::Form& form) const;
+    FormWindow* WindowOf(std::string_view formName) const;
+
+    void ShowForm(ui::Form& form) override;
+    void HideForm(ui::Form& form) override;
+    void RunModal(ui::Form& form) override;
+    void SetWaitCursor(bool on) override;
+    void ActivateMenuBar(ui::Form& form) override;
+    void EventDone() override;
+    void ProcessMessages() override;
+
+private:
+    FormWindow& Window(ui::Form& form);
+    // Windows of forms the application has freed go with them.
+    void DropOrphans();
+
+    ui::Application* app_ = nullptr;
+    std::map<const ui::Form*, FormWindow*> windows_;
+    bool refreshing_ = false;
+};
+
+} // namespace corvane::desktop
