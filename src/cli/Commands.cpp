@@ -1,7 +1,9 @@
 #include "cli/Commands.h"
 
+#include "cli/QueryCsv.h"
+#include "cli/ScriptRunner.h"
+
 #include "store/Database.h"
-#include "store/Query.h"
 #include "store/Session.h"
 #include "store/Table.h"
 #include "store/tables/CompanyDatabase.h"
@@ -18,7 +20,8 @@ namespace {
 void Usage() {
     std::fputs("usage: corvane-cli create-company FOLDER\n"
                "       corvane-cli tables FOLDER\n"
-               "       corvane-cli sql FOLDER QUERY\n",
+               "       corvane-cli sql FOLDER QUERY\n"
+               "       corvane-cli script FILE\n",
                stderr);
 }
 
@@ -32,20 +35,10 @@ int PrintTables(const std::string& folder) {
         const TableDef& def = db.TableDefinition(Database::MainSchema, name);
         Table t(db, name);
         t.Open();
-        std::printf("%-12s %7zu %7zu %9lld\n", def.Name.c_str(), def.Fields.size(), def.Indexes.size(),
-                    static_cast<long long>(t.RecordCount()));
+        std::printf("%-12s %7zu %7zu %9lld\n", def.Name.c_str(), def.Fields.size(),
+                    def.Indexes.size(), static_cast<long long>(t.RecordCount()));
     }
     return 0;
-}
-
-std::string CsvCell(const std::string& text) {
-    if (text.find_first_of(",\"\n\r") == std::string::npos) return text;
-    std::string out = "\"";
-    for (char c : text) {
-        if (c == '"') out += '"';
-        out += c;
-    }
-    return out + "\"";
 }
 
 int PrintQuery(const std::string& folder, const std::string& text) {
@@ -53,22 +46,8 @@ int PrintQuery(const std::string& folder, const std::string& text) {
     Database db(session);
     db.SetDirectory(folder);
     db.Open();
-    Query q(db, text);
-    q.Open(); // a statement that would write is refused: it does not open as a cursor
-    std::string line;
-    for (int i = 0; i < q.FieldCount(); ++i)
-        line += (i ? "," : "") + CsvCell(q.Fields()[static_cast<std::size_t>(i)]->FieldName());
-    std::cout << line << "\n";
-    for (q.First(); !q.Eof(); q.Next()) {
-        line.clear();
-        for (int i = 0; i < q.FieldCount(); ++i) {
-            const Field& f = *q.Fields()[static_cast<std::size_t>(i)];
-            const Value& v = f.AsValue();
-            std::string cell = v.kind() == Value::Kind::Date ? v.Date().ToIso() : f.AsString();
-            line += (i ? "," : "") + CsvCell(cell);
-        }
+    for (const auto& line : QueryCsvLines(db, text))
         std::cout << line << "\n";
-    }
     return 0;
 }
 
@@ -81,6 +60,7 @@ int RunCommand(const std::vector<std::string>& args) {
     }
     if (args.size() == 2 && args[0] == "tables") return PrintTables(args[1]);
     if (args.size() == 3 && args[0] == "sql") return PrintQuery(args[1], args[2]);
+    if (args.size() == 2 && args[0] == "script") return RunScriptFile(args[1], std::cout);
     Usage();
     return 2;
 }

@@ -5,7 +5,8 @@
 
 namespace corvane::cli {
 
-// Runs "create-company FOLDER", "tables FOLDER" or "sql FOLDER QUERY"; returns the exit code.
+// Runs "create-company FOLDER", "tables FOLDER", "sql FOLDER QUERY" or "script FILE"; returns
+// the exit code.
 int RunCommand(const std::vector<std::string>& args);
 
 } // namespace corvane::cli

@@ -1,0 +1,370 @@
+#include "cli/ScriptRunner.h"
+
+#include "cli/QueryCsv.h"
+#include "cli/ScriptParser.h"
+#include "cli/ScriptWords.h"
+#include "cli/ScriptWorkspace.h"
+#include "store/Database.h"
+#include "store/Session.h"
+#include "store/tables/CompanyDatabase.h"
+#include "ui/Application.h"
+#include "ui/Caption.h"
+#include "ui/Form.h"
+#include "ui/FormDriver.h"
+#include "ui/Grid.h"
+#include "ui/HeadlessDesktop.h"
+#include "ui/HeadlessDialogs.h"
+#include "ui/HeadlessHost.h"
+#include "ui/ScriptError.h"
+
+#include <fstream>
+#include <map>
+#include <ostream>
+#include <sstream>
+
+namespace corvane::cli {
+
+namespace {
+
+// A script mistake found while running, with the line it happened on. It is a ScriptError so
+// that it passes through the message loop of the forms (a modal block runs inside a click) to the
+// top of the script, instead of being shown as the program's own error box.
+class LineError : public ui::ScriptError {
+public:
+    LineError(int line, const std::string& message)
+        : ScriptError("line " + std::to_string(line) + ": " + message) {}
+};
+
+std::string Quoted(const std::string& text) {
+    std::string out = "\"";
+    for (char c : text) {
+        if (c == '"' || c == '\\') out += '\\';
+        if (c == '\n')
+            out += "\\n";
+        else
+            out += c;
+    }
+    return out + "\"";
+}
+
+std::string RowList(const std::vector<std::string>& rows) {
+    if (rows.empty()) return "no rows";
+    std::string out = std::to_string(rows.size()) + (rows.size() == 1 ? " row:" : " rows:");
+    for (const auto& r : rows)
+        out += "\n    " + r;
+    return out;
+}
+
+} // namespace
+
+struct ScriptRunner::State {
+    State(const FormRegistry& r, std::ostream& o, std::filesystem::path base)
+        : registry(r), out(o), baseDir(std::move(base)) {}
+
+    const FormRegistry& registry;
+    std::ostream& out;
+    std::filesystem::path baseDir;
+    ScriptWorkspace workspace;
+    store::Session session;
+    // The company outlives the application: forms hold cursors on it.
+    std::unique_ptr<store::Database> db;
+    ui::HeadlessHost host;
+    ui::HeadlessDialogs dialogs;
+    ui::HeadlessDesktop desktop;
+    ui::Application app{host, dialogs, desktop};
+    std::string current; // the form the top level of the script works on
+    int failures = 0;
+    // Lines of the answers and modal blocks queued and not yet used, to name them at the end.
+    std::vector<int> answerLines;
+    std::map<int, std::string> pendingModals;
+
+    void RunBlock(const std::vector<ScriptLine>& lines, ui::Form* modal);
+    void Exec(const ScriptLine& l, ui::Form* modal);
+    void Expect(const ScriptLine& l, ui::Form* modal);
+    void Company(const ScriptLine& l);
+    void OpenForm(const std::string& name);
+    void CheckLeftovers();
+
+    void Fail(const ScriptLine& l, const std::string& what) {
+        ++failures;
+        out << "line " << l.Number << ": " << what << "\n";
+    }
+    void Compare(const ScriptLine& l, const std::string& what, const std::string& expected,
+                 const std::string& found) {
+        if (expected != found)
+            Fail(l, "expected " + what + " " + Quoted(expected) + ", found " + Quoted(found));
+    }
+    void CompareFlag(const ScriptLine& l, const std::string& name, const std::string& wanted,
+                     bool holds, const std::string& otherwise) {
+        if (!holds) Fail(l, "expected '" + name + "' " + wanted + ", found " + otherwise);
+    }
+    store::Database& Db();
+    ui::Form& Current(ui::Form* modal) const {
+        if (modal) return *modal;
+        if (current.empty()) throw ui::ScriptError("No form is open; start with 'open' or 'menu'");
+        return app.GetForm(current);
+    }
+};
+
+ScriptRunner::ScriptRunner(const FormRegistry& registry, std::ostream& out,
+                           std::filesystem::path baseDir)
+    : state_(std::make_unique<State>(registry, out, std::move(baseDir))) {
+    state_->session.PrivateDir = state_->workspace.PrivateDir().string();
+}
+
+ScriptRunner::~ScriptRunner() = default;
+
+int ScriptRunner::Failures() const {
+    return state_->failures;
+}
+
+ScriptResult ScriptRunner::Run(const std::vector<ScriptLine>& lines) {
+    try {
+        state_->RunBlock(lines, nullptr);
+    } catch (const std::exception& e) {
+        state_->out << e.what() << "\n";
+        return ScriptMalformed;
+    }
+    state_->CheckLeftovers();
+    return state_->failures ? ScriptFailed : ScriptPassed;
+}
+
+void ScriptRunner::State::RunBlock(const std::vector<ScriptLine>& lines, ui::Form* modal) {
+    for (const auto& l : lines) {
+        try {
+            Exec(l, modal);
+        } catch (const LineError&) {
+            throw;
+        } catch (const std::exception& e) {
+            throw LineError(l.Number, e.what());
+        }
+    }
+}
+
+store::Database& ScriptRunner::State::Db() {
+    if (!db) {
+        auto folder = workspace.Root() / "company";
+        store::tables::CreateCompanyDatabase(folder.string());
+        db = std::make_unique<store::Database>(session);
+        db->SetDirectory(folder.string());
+        db->Open();
+    }
+    return *db;
+}
+
+void ScriptRunner::State::Company(const ScriptLine& l) {
+    if (db) throw ui::ScriptError("The company is already open; 'company' comes first");
+    std::filesystem::path folder;
+    if (l.Args[0] == "new") {
+        folder = l.Args.size() == 2 ? baseDir / l.Args[1] : workspace.Root() / "company";
+        store::tables::CreateCompanyDatabase(folder.string());
+    } else {
+        folder = baseDir / l.Args[1];
+    }
+    auto opened = std::make_unique<store::Database>(session);
+    opened->SetDirectory(folder.string());
+    opened->Open();
+    db = std::move(opened);
+}
+
+void ScriptRunner::State::OpenForm(const std::string& name) {
+    const FormFactory* factory = registry.Find(name);
+    if (!factory) throw ui::ScriptError("No form '" + name + "' is registered");
+    FormContext ctx{app, Db()};
+    // As a menu command would: a failure to open is the program's error box.
+    app.Run([&] { (*factory)(ctx).Show(); });
+    current = name;
+}
+
+void ScriptRunner::State::Exec(const ScriptLine& l, ui::Form* modal) {
+    const std::string& c = l.Command;
+    const auto& a = l.Args;
+    if (c == "company") return Company(l);
+    if (c == "open") return OpenForm(a[0]);
+    if (c == "menu") {
+        std::string name = registry.FormOfMenu(a[0]);
+        if (name.empty()) throw ui::ScriptError("No menu entry '" + a[0] + "'");
+        return OpenForm(name);
+    }
+    if (c == "form") {
+        app.GetForm(a[0]);
+        current = a[0];
+        return;
+    }
+    if (c == "answer") {
+        ui::MsgButton button = *ParseButtonName(a[0]);
+        a.size() == 2 ? dialogs.Answer(a[1], button) : dialogs.Answer(button);
+        answerLines.push_back(l.Number);
+        return;
+    }
+    if (c == "modal") {
+        pendingModals[l.Number] = a[0];
+        host.ScriptModal(a[0], [this, &l](ui::Form& form) {
+            pendingModals.erase(l.Number);
+            RunBlock(l.Body, &form);
+        });
+        return;
+    }
+    if (c == "expect") return Expect(l, modal);
+
+    ui::FormDriver driver(Current(modal));
+    if (c == "set") return driver.EnterText(a[0], a[1]);
+    if (c == "type") return driver.Type(a[0]);
+    if (c == "key") {
+        ui::KeyStroke stroke = ui::ParseShortCut(a.back());
+        return a.size() == 2 ? driver.PressKey(a[0], stroke) : driver.PressKey(stroke);
+    }
+    if (c == "click") return driver.Click(a[0]);
+    if (c == "dblclick") return driver.DblClick(a[0]);
+    if (c == "focus") return driver.Focus(a[0]);
+    if (c == "select") return driver.SelectRow(a[0], *ParseRowIndex(a[1]));
+    if (c == "check") return driver.SetChecked(a[0], a[1] == "on");
+    if (c == "choose") return driver.Choose(a[0], a[1]);
+    if (c == "close") return driver.Close();
+    throw ui::ScriptError("Unknown command '" + c + "'");
+}
+
+namespace {
+
+// The index among the cells of a grid row of the column that shows field or reads title.
+std::size_t CellIndex(ui::Grid& grid, std::string_view column) {
+    std::size_t index = 0;
+    for (const auto& col : grid.Columns) {
+        if (!col.Visible) continue;
+        if (SameWord(col.FieldName, column) || SameWord(ui::PlainCaption(col.Title), column))
+            return index;
+        ++index;
+    }
+    throw ui::ScriptError("No column '" + std::string(column) + "' in grid '" + grid.Name() + "'");
+}
+
+// Every row of the grid as CSV text, read around the current one without moving it.
+std::vector<std::string> GridCsvRows(ui::Grid& grid) {
+    constexpr std::int64_t Limit = 1000;
+    std::int64_t count = grid.DataSet().RecordCount();
+    if (count > Limit)
+        throw ui::ScriptError("Grid '" + grid.Name() + "' has " + std::to_string(count) +
+                              " rows; 'expect grid' compares at most " + std::to_string(Limit));
+    auto n = static_cast<int>(count);
+    std::vector<std::string> rows;
+    for (const auto& cells : grid.Rows(n, n).Rows)
+        rows.push_back(CsvLine(cells));
+    return rows;
+}
+
+} // namespace
+
+void ScriptRunner::State::Expect(const ScriptLine& l, ui::Form* modal) {
+    const std::string& kind = l.Args[0];
+    const auto& a = l.Args;
+    if (kind == "message") {
+        // The last box since the previous check, so that one check cannot pass on an old box.
+        Compare(l, "the message", a[1], dialogs.LastText());
+        dialogs.ClearShown();
+        return;
+    }
+    if (kind == "sql") {
+        auto found = QueryCsvLines(Db(), a[1]);
+        found.erase(found.begin());
+        std::vector<std::string> expected(a.begin() + 2, a.end());
+        if (found != expected)
+            Fail(l,
+                 "expected the query to give " + RowList(expected) + "\n  found " + RowList(found));
+        return;
+    }
+    if (kind == "open") {
+        ui::Form* form = app.FindForm(a[1]);
+        CompareFlag(l, a[1], "open", form && form->Visible(), form ? "hidden" : "no such form");
+        return;
+    }
+    ui::Form& form = Current(modal);
+    ui::FormDriver driver(form);
+    if (kind == "caption") return Compare(l, "the caption", a[1], form.Caption);
+    if (kind == "text") return Compare(l, "the text of '" + a[1] + "'", a[2], driver.Text(a[1]));
+    if (kind == "enabled" || kind == "disabled") {
+        bool enabled = driver.Enabled(a[1]);
+        return CompareFlag(l, a[1], kind, enabled == (kind == "enabled"),
+                           enabled ? "enabled" : "disabled");
+    }
+    if (kind == "visible" || kind == "hidden") {
+        bool visible = driver.Visible(a[1]);
+        return CompareFlag(l, a[1], kind, visible == (kind == "visible"),
+                           visible ? "visible" : "hidden");
+    }
+    if (kind == "checked" || kind == "unchecked") {
+        bool checked = driver.Checked(a[1]);
+        return CompareFlag(l, a[1], kind, checked == (kind == "checked"),
+                           checked ? "checked" : "unchecked");
+    }
+    if (kind == "focus") {
+        form.Get(a[1]);
+        return Compare(l, "the focus on", a[1], driver.FocusedName());
+    }
+    if (kind == "row") {
+        auto& grid = form.Get<ui::Grid>(a[1]);
+        auto cells = grid.CurrentRow();
+        for (std::size_t i = 2; i < a.size(); ++i) {
+            auto eq = a[i].find('=');
+            std::string column = a[i].substr(0, eq);
+            std::size_t index = CellIndex(grid, column);
+            if (cells.empty()) {
+                Fail(l, "expected a current row in '" + a[1] + "', found none");
+                return;
+            }
+            Compare(l, "'" + column + "' of the current row of '" + a[1] + "'", a[i].substr(eq + 1),
+                    index < cells.size() ? cells[index] : "");
+        }
+        return;
+    }
+    if (kind == "grid") {
+        auto found = GridCsvRows(form.Get<ui::Grid>(a[1]));
+        std::vector<std::string> expected(a.begin() + 2, a.end());
+        if (found != expected)
+            Fail(l, "expected grid '" + a[1] + "' to show " + RowList(expected) + "\n  found " +
+                        RowList(found));
+        return;
+    }
+    throw ui::ScriptError("Unknown expectation 'expect " + kind + "'");
+}
+
+void ScriptRunner::State::CheckLeftovers() {
+    std::size_t unused = dialogs.PendingAnswers();
+    for (std::size_t i = answerLines.size() - unused; i < answerLines.size(); ++i) {
+        ++failures;
+        out << "line " << answerLines[i] << ": expected a message box to answer, found none\n";
+    }
+    for (const auto& [line, name] : pendingModals) {
+        ++failures;
+        out << "line " << line << ": expected the modal form '" << name
+            << "' to be shown, found it never was\n";
+    }
+}
+
+ScriptResult RunScriptText(std::string_view text, const FormRegistry& registry, std::ostream& out,
+                           const std::filesystem::path& baseDir) {
+    std::vector<ScriptLine> lines;
+    try {
+        lines = ParseScript(text);
+    } catch (const ScriptSyntaxError& e) {
+        out << e.what() << "\n";
+        return ScriptMalformed;
+    }
+    ScriptRunner runner(registry, out, baseDir);
+    return runner.Run(lines);
+}
+
+int RunScriptFile(const std::string& path, std::ostream& out) {
+    std::ifstream in(path, std::ios::binary);
+    if (!in) {
+        out << path << ": cannot read the script\n";
+        return ScriptMalformed;
+    }
+    std::stringstream text;
+    text << in.rdbuf();
+    FormRegistry registry;
+    RegisterProgramForms(registry);
+    auto base = std::filesystem::absolute(path).parent_path();
+    return RunScriptText(text.str(), registry, out, base);
+}
+
+} // namespace corvane::cli
