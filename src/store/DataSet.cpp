@@ -468,6 +468,8 @@ void DataSet::DoPostWork() {
         Row row{current_->RowId, std::move(values)};
         SetCurrent(std::move(row));
     }
+    // The cursor stands on the row as written; its neighbours are read afresh from there.
+    DoGoto(*current_);
     SetEdges(false, false);
 }
 

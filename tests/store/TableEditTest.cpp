@@ -288,6 +288,28 @@ TEST_F(TableEdit, AutoIncrementNumbersAreNeverHandedOutTwice) {
     EXPECT_EQ(t.FieldByName("Amount").AsMoney(), Money::FromCents(1050));
 }
 
+TEST_F(TableEdit, APostedRowHasItsNeighbours) {
+    Table t(db_, "Users");
+    t.Open();
+    for (const char* name : {"carol", "alice", "bob"}) {
+        t.Append();
+        t.FieldByName("UserName").SetAsString(name);
+        t.Post();
+    }
+    // Standing on "bob", the rows around it are those of the index, not of an old read.
+    t.Prior();
+    EXPECT_EQ(t.FieldByName("UserName").AsString(), "alice");
+    EXPECT_FALSE(t.Bof());
+    t.Next();
+    t.Edit();
+    t.FieldByName("UserName").SetAsString("dave");
+    t.Post();
+    t.Prior();
+    EXPECT_EQ(t.FieldByName("UserName").AsString(), "carol");
+    t.Next();
+    EXPECT_EQ(t.FieldByName("UserName").AsString(), "dave");
+}
+
 TEST_F(TableEdit, DeleteStandsOnTheNextRowThenThePrior) {
     Table t(db_, "Vendor");
     t.Open();

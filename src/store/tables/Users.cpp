@@ -2,8 +2,8 @@
 
 namespace corvane::store::tables {
 
-// Rows exist only when security is active. Each boolean field is one access right; the field names
-// are the right keys of Part 1.1.
+// Rows exist only when security is active. Each boolean field is one access right, named by the
+// right's key.
 const TableDef& Users() {
     static const TableDef def{
         "Users",
