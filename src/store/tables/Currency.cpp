@@ -2,7 +2,7 @@
 
 namespace corvane::store::tables {
 
-// Currencies (meaning in Part 4.1).
+// Currencies, with their exchange rates and the accounts that carry them.
 const TableDef& Currency() {
     static const TableDef def{
         "Currency",

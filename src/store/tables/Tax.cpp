@@ -2,7 +2,7 @@
 
 namespace corvane::store::tables {
 
-// Sales taxes (meaning in Part 6.2).
+// Sales taxes.
 const TableDef& Tax() {
     static const TableDef def{
         "Tax",
