@@ -258,13 +258,7 @@ TEST_F(TableEdit, AutoIncrementNumbersAreNeverHandedOutTwice) {
     t.Open();
     auto add = [&](int jv) {
         t.Insert();
-        t.FieldByName("GLAccountID").SetAsInteger(1);
-        t.FieldByName("GLYear").SetAsInteger(2017);
-        t.FieldByName("GLPeriod").SetAsInteger(1);
-        t.FieldByName("Source").SetAsString("GL");
-        t.FieldByName("JVNumber").SetAsInteger(jv);
-        t.FieldByName("TransDate").SetAsDate(Date::FromYmd(2017, 1, 5));
-        t.FieldByName("Amount").SetAsMoney(Money::FromCents(1050));
+        FillGLHistLine(t, jv, Date::FromYmd(2017, 1, 5), Money::FromCents(1050));
         t.Post();
         return t.FieldByName("GLHistID").AsInteger();
     };
@@ -276,13 +270,7 @@ TEST_F(TableEdit, AutoIncrementNumbersAreNeverHandedOutTwice) {
     // A row given its own number moves the counter past it.
     t.Insert();
     t.FieldByName("GLHistID").SetAsInteger(10);
-    t.FieldByName("GLAccountID").SetAsInteger(1);
-    t.FieldByName("GLYear").SetAsInteger(2017);
-    t.FieldByName("GLPeriod").SetAsInteger(1);
-    t.FieldByName("Source").SetAsString("GL");
-    t.FieldByName("JVNumber").SetAsInteger(4);
-    t.FieldByName("TransDate").SetAsDate(Date::FromYmd(2017, 1, 5));
-    t.FieldByName("Amount").SetAsMoney(Money::FromCents(1));
+    FillGLHistLine(t, 4, Date::FromYmd(2017, 1, 5), Money::FromCents(1));
     t.Post();
     EXPECT_EQ(add(5), 11);
     EXPECT_EQ(t.FieldByName("Amount").AsMoney(), Money::FromCents(1050));

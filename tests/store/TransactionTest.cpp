@@ -64,13 +64,7 @@ protected:
         ctl.Post();
         for (int i = 0; i < 50; ++i) {
             hist.Insert();
-            hist.FieldByName("GLAccountID").SetAsInteger(1);
-            hist.FieldByName("GLYear").SetAsInteger(2017);
-            hist.FieldByName("GLPeriod").SetAsInteger(1);
-            hist.FieldByName("Source").SetAsString("GL");
-            hist.FieldByName("JVNumber").SetAsInteger(1);
-            hist.FieldByName("TransDate").SetAsDate(Date::FromYmd(2017, 1, 1));
-            hist.FieldByName("Amount").SetAsMoney(Money::FromCents(i));
+            FillGLHistLine(hist, 1, Date::FromYmd(2017, 1, 1), Money::FromCents(i));
             hist.Post();
         }
         actual.Edit();
@@ -98,13 +92,7 @@ TEST_F(Transactions, FailureHalfWayLeavesEveryListedTableAsBefore) {
     Table hist(db_, "GLHist");
     hist.Open();
     hist.Insert();
-    hist.FieldByName("GLAccountID").SetAsInteger(1);
-    hist.FieldByName("GLYear").SetAsInteger(2017);
-    hist.FieldByName("GLPeriod").SetAsInteger(1);
-    hist.FieldByName("Source").SetAsString("GL");
-    hist.FieldByName("JVNumber").SetAsInteger(1);
-    hist.FieldByName("TransDate").SetAsDate(Date::FromYmd(2017, 1, 1));
-    hist.FieldByName("Amount").SetAsMoney(Money::FromCents(1));
+    FillGLHistLine(hist, 1, Date::FromYmd(2017, 1, 1), Money::FromCents(1));
     hist.Post();
     EXPECT_EQ(hist.FieldByName("GLHistID").AsInteger(), 1);
 }

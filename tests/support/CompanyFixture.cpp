@@ -52,4 +52,15 @@ std::int64_t CompanyTest::CountRows(const std::string& table) {
     return t.RecordCount();
 }
 
+void CompanyTest::FillGLHistLine(store::Table& t, int jvNumber, corvane::Date date,
+                                 corvane::Money amount) {
+    t.FieldByName("GLAccountID").SetAsInteger(1);
+    t.FieldByName("GLYear").SetAsInteger(2017);
+    t.FieldByName("GLPeriod").SetAsInteger(1);
+    t.FieldByName("Source").SetAsString("GL");
+    t.FieldByName("JVNumber").SetAsInteger(jvNumber);
+    t.FieldByName("TransDate").SetAsDate(date);
+    t.FieldByName("Amount").SetAsMoney(amount);
+}
+
 } // namespace corvane::testing

@@ -35,6 +35,10 @@ protected:
     void InsertRow(const std::string& table,
                    const std::vector<std::pair<std::string, store::Value>>& values);
     std::int64_t CountRows(const std::string& table);
+    // Fills the required fields of a GLHist line in insert: account 1, period 1 of 2017, source
+    // "GL", the given voucher number, date and amount.
+    static void FillGLHistLine(store::Table& t, int jvNumber, corvane::Date date,
+                               corvane::Money amount);
 
     TempFolder folder_;
     store::Session session_;
