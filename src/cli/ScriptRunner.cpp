@@ -4,8 +4,10 @@
 #include "cli/ScriptParser.h"
 #include "cli/ScriptWords.h"
 #include "cli/ScriptWorkspace.h"
+#include "cli/demo/DemoForms.h"
+#include "program/ProgramForms.h"
+#include "shell/main/TfrmCorvane.h"
 #include "store/Database.h"
-#include "store/Session.h"
 #include "store/tables/CompanyDatabase.h"
 #include "ui/Application.h"
 #include "ui/Caption.h"
@@ -39,8 +41,13 @@ std::string Quoted(const std::string& text) {
     std::string out = "\"";
     for (char c : text) {
         if (c == '"' || c == '\\') out += '\\';
+        // Written as escapes, so that a break or tab in a text shows where it is in the line.
         if (c == '\n')
             out += "\\n";
+        else if (c == '\r')
+            out += "\\r";
+        else if (c == '\t')
+            out += "\\t";
         else
             out += c;
     }
@@ -58,20 +65,19 @@ std::string RowList(const std::vector<std::string>& rows) {
 } // namespace
 
 struct ScriptRunner::State {
-    State(const FormRegistry& r, std::ostream& o, std::filesystem::path base)
+    State(const shell::FormRegistry& r, std::ostream& o, std::filesystem::path base)
         : registry(r), out(o), baseDir(std::move(base)) {}
 
-    const FormRegistry& registry;
+    const shell::FormRegistry& registry;
     std::ostream& out;
     std::filesystem::path baseDir;
     ScriptWorkspace workspace;
-    store::Session session;
-    // The company outlives the application: forms hold cursors on it.
-    std::unique_ptr<store::Database> db;
     ui::HeadlessHost host;
     ui::HeadlessDialogs dialogs;
     ui::HeadlessDesktop desktop;
     ui::Application app{host, dialogs, desktop};
+    // The program's main form, made when the script first needs it (or by "start").
+    shell::TfrmCorvane* main = nullptr;
     std::string current; // the form the top level of the script works on
     int failures = 0;
     // Lines of the answers and modal blocks queued and not yet used, to name them at the end.
@@ -82,6 +88,10 @@ struct ScriptRunner::State {
     void Exec(const ScriptLine& l, ui::Form* modal);
     void Expect(const ScriptLine& l, ui::Form* modal);
     void Company(const ScriptLine& l);
+    shell::TfrmCorvane& Main(std::vector<std::string> commandLine = {});
+    void Start(const ScriptLine& l);
+    void OpenCompany(const std::filesystem::path& folder);
+    void Menu(const std::string& path);
     void OpenForm(const std::string& name);
     void CheckLeftovers();
 
@@ -106,11 +116,9 @@ struct ScriptRunner::State {
     }
 };
 
-ScriptRunner::ScriptRunner(const FormRegistry& registry, std::ostream& out,
+ScriptRunner::ScriptRunner(const shell::FormRegistry& registry, std::ostream& out,
                            std::filesystem::path baseDir)
-    : state_(std::make_unique<State>(registry, out, std::move(baseDir))) {
-    state_->session.PrivateDir = state_->workspace.PrivateDir().string();
-}
+    : state_(std::make_unique<State>(registry, out, std::move(baseDir))) {}
 
 ScriptRunner::~ScriptRunner() = default;
 
@@ -141,19 +149,43 @@ void ScriptRunner::State::RunBlock(const std::vector<ScriptLine>& lines, ui::For
     }
 }
 
+shell::TfrmCorvane& ScriptRunner::State::Main(std::vector<std::string> commandLine) {
+    if (!main) main = &app.CreateForm<shell::TfrmCorvane>(registry, std::move(commandLine));
+    return *main;
+}
+
+void ScriptRunner::State::Start(const ScriptLine& l) {
+    if (main) throw ui::ScriptError("The program has started already; 'start' comes first");
+    std::vector<std::string> commandLine;
+    for (const auto& arg : l.Args)
+        commandLine.push_back((baseDir / arg).string());
+    Main(commandLine);
+    app.Run([&] { main->Show(); });
+    current = "frmCorvane";
+}
+
+void ScriptRunner::State::OpenCompany(const std::filesystem::path& folder) {
+    shell::TfrmCorvane& m = Main();
+    bool opened = false;
+    app.Run([&] { opened = m.OpenCompany("", folder.string()) && m.CheckLogin(); });
+    if (!opened)
+        throw ui::ScriptError("The company in '" + folder.string() +
+                              "' did not open: " + dialogs.LastText());
+    m.EnableMainMenus(true);
+}
+
 store::Database& ScriptRunner::State::Db() {
-    if (!db) {
+    if (!Main().SessionActive()) {
         auto folder = workspace.Root() / "company";
         store::tables::CreateCompanyDatabase(folder.string());
-        db = std::make_unique<store::Database>(session);
-        db->SetDirectory(folder.string());
-        db->Open();
+        OpenCompany(folder);
     }
-    return *db;
+    return main->Database;
 }
 
 void ScriptRunner::State::Company(const ScriptLine& l) {
-    if (db) throw ui::ScriptError("The company is already open; 'company' comes first");
+    if (main && main->SessionActive())
+        throw ui::ScriptError("The company is already open; 'company' comes first");
     std::filesystem::path folder;
     if (l.Args[0] == "new") {
         folder = l.Args.size() == 2 ? baseDir / l.Args[1] : workspace.Root() / "company";
@@ -161,16 +193,25 @@ void ScriptRunner::State::Company(const ScriptLine& l) {
     } else {
         folder = baseDir / l.Args[1];
     }
-    auto opened = std::make_unique<store::Database>(session);
-    opened->SetDirectory(folder.string());
-    opened->Open();
-    db = std::move(opened);
+    OpenCompany(folder);
+}
+
+void ScriptRunner::State::Menu(const std::string& path) {
+    shell::TfrmCorvane& m = Main();
+    ui::MenuItem* item = m.FindMenuItem(path);
+    if (!item) throw ui::ScriptError("No menu entry '" + path + "'");
+    // The system menus need a company; the scratch one serves a script that named none.
+    std::string form = m.FormOfMenu(path);
+    if (!form.empty() && !m.SessionActive()) Db();
+    ui::FormDriver(m).Click(item->Name());
+    ui::Form* opened = form.empty() ? nullptr : app.FindForm(form);
+    if (opened && opened->Visible()) current = form;
 }
 
 void ScriptRunner::State::OpenForm(const std::string& name) {
-    const FormFactory* factory = registry.Find(name);
+    const shell::FormFactory* factory = registry.Find(name);
     if (!factory) throw ui::ScriptError("No form '" + name + "' is registered");
-    FormContext ctx{app, Db()};
+    shell::FormContext ctx{app, Db(), main};
     // As a menu command would: a failure to open is the program's error box.
     app.Run([&] { (*factory)(ctx).Show(); });
     current = name;
@@ -181,11 +222,8 @@ void ScriptRunner::State::Exec(const ScriptLine& l, ui::Form* modal) {
     const auto& a = l.Args;
     if (c == "company") return Company(l);
     if (c == "open") return OpenForm(a[0]);
-    if (c == "menu") {
-        std::string name = registry.FormOfMenu(a[0]);
-        if (name.empty()) throw ui::ScriptError("No menu entry '" + a[0] + "'");
-        return OpenForm(name);
-    }
+    if (c == "start") return Start(l);
+    if (c == "menu") return Menu(a[0]);
     if (c == "form") {
         app.GetForm(a[0]);
         current = a[0];
@@ -340,8 +378,8 @@ void ScriptRunner::State::CheckLeftovers() {
     }
 }
 
-ScriptResult RunScriptText(std::string_view text, const FormRegistry& registry, std::ostream& out,
-                           const std::filesystem::path& baseDir) {
+ScriptResult RunScriptText(std::string_view text, const shell::FormRegistry& registry,
+                           std::ostream& out, const std::filesystem::path& baseDir) {
     std::vector<ScriptLine> lines;
     try {
         lines = ParseScript(text);
@@ -361,8 +399,9 @@ int RunScriptFile(const std::string& path, std::ostream& out) {
     }
     std::stringstream text;
     text << in.rdbuf();
-    FormRegistry registry;
-    RegisterProgramForms(registry);
+    shell::FormRegistry registry;
+    program::RegisterProgramForms(registry);
+    demo::RegisterDemoForms(registry);
     auto base = std::filesystem::absolute(path).parent_path();
     return RunScriptText(text.str(), registry, out, base);
 }

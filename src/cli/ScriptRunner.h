@@ -1,7 +1,7 @@
 #pragma once
 
-#include "cli/FormRegistry.h"
 #include "cli/ScriptLine.h"
+#include "shell/main/FormRegistry.h"
 
 #include <filesystem>
 #include <iosfwd>
@@ -26,7 +26,8 @@ enum ScriptResult { ScriptPassed = 0, ScriptFailed = 1, ScriptMalformed = 2 };
 class ScriptRunner {
 public:
     // Relative company folders are taken from baseDir, the script's folder.
-    ScriptRunner(const FormRegistry& registry, std::ostream& out, std::filesystem::path baseDir);
+    ScriptRunner(const shell::FormRegistry& registry, std::ostream& out,
+                 std::filesystem::path baseDir);
     ~ScriptRunner();
     ScriptRunner(const ScriptRunner&) = delete;
     ScriptRunner& operator=(const ScriptRunner&) = delete;
@@ -40,8 +41,8 @@ private:
 };
 
 // Parses and runs the script text; a malformed script writes its error and runs nothing.
-ScriptResult RunScriptText(std::string_view text, const FormRegistry& registry, std::ostream& out,
-                           const std::filesystem::path& baseDir);
+ScriptResult RunScriptText(std::string_view text, const shell::FormRegistry& registry,
+                           std::ostream& out, const std::filesystem::path& baseDir);
 // As RunScriptText for a file, with the forms of RegisterProgramForms.
 int RunScriptFile(const std::string& path, std::ostream& out);
 

@@ -17,10 +17,12 @@ ScriptWorkspace::ScriptWorkspace() {
     root_ = pattern;
     std::filesystem::create_directory(SettingsDir());
     std::filesystem::create_directory(PrivateDir());
-    for (const char* name : {"HOME", "XDG_CONFIG_HOME"}) {
+    // The program files its settings and suggests company folders below the data folder, and
+    // keeps scratch files below the temporary one.
+    for (const char* name : {"HOME", "XDG_CONFIG_HOME", "XDG_DATA_HOME", "TMPDIR"}) {
         const char* old = std::getenv(name);
         savedEnv_.emplace_back(name, old ? std::optional<std::string>(old) : std::nullopt);
-        setenv(name, SettingsDir().c_str(), 1);
+        setenv(name, (std::string(name) == "TMPDIR" ? PrivateDir() : SettingsDir()).c_str(), 1);
     }
 }
 

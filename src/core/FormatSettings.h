@@ -1,6 +1,7 @@
 #pragma once
 
 #include <string>
+#include <string_view>
 
 namespace corvane {
 
@@ -16,5 +17,14 @@ struct FormatSettings {
 };
 
 FormatSettings& ProcessFormatSettings();
+
+// The short date format with month and weekday names turned back into numbers by one letter:
+// one "M" comes out of "MMM" and one "d" out of "ddd", so dd-MMM-yyyy becomes dd-MM-yyyy and dddd
+// becomes ddd. Letters are matched without regard to case, as dates are formatted.
+std::string NumericShortDateFormat(std::string_view format);
+
+// Applies NumericShortDateFormat to the settings' short date format: at start-up, so that dates
+// on screen and in entry are typed and shown as numbers, whatever the user's locale names.
+void MakeShortDateNumeric(FormatSettings& settings);
 
 } // namespace corvane

@@ -3,7 +3,9 @@
 #include "desktop/BarBindings.h"
 #include "desktop/ChoiceBindings.h"
 #include "desktop/GridBinding.h"
+#include "desktop/ListBoxBinding.h"
 #include "desktop/LookupComboBinding.h"
+#include "desktop/MonthCalendarBinding.h"
 #include "desktop/PageControlBinding.h"
 #include "desktop/TextBindings.h"
 #include "ui/Button.h"
@@ -13,7 +15,9 @@
 #include "ui/DateEdit.h"
 #include "ui/Grid.h"
 #include "ui/Label.h"
+#include "ui/ListBox.h"
 #include "ui/Memo.h"
+#include "ui/MonthCalendar.h"
 #include "ui/PageControl.h"
 #include "ui/ProgressBar.h"
 #include "ui/RadioGroup.h"
@@ -58,7 +62,11 @@ std::unique_ptr<ControlBinding> MakeBinding(FormWindow& window, ui::Control& con
         return std::make_unique<EditBinding>(window, *x, new QLineEdit);
     if (auto* x = dynamic_cast<ui::DBLookupComboBox*>(c))
         return std::make_unique<LookupComboBinding>(window, *x);
+    if (auto* x = dynamic_cast<ui::MonthCalendar*>(c))
+        return std::make_unique<MonthCalendarBinding>(window, *x);
     if (auto* x = dynamic_cast<ui::Label*>(c)) return std::make_unique<LabelBinding>(window, *x);
+    if (auto* x = dynamic_cast<ui::ListBox*>(c))
+        return std::make_unique<ListBoxBinding>(window, *x);
     if (auto* x = dynamic_cast<ui::Button*>(c)) return std::make_unique<ButtonBinding>(window, *x);
     if (auto* x = dynamic_cast<ui::CheckBox*>(c)) return std::make_unique<CheckBinding>(window, *x);
     if (auto* x = dynamic_cast<ui::RadioGroup*>(c))

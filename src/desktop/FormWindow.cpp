@@ -5,8 +5,10 @@
 #include "desktop/KeyTranslation.h"
 #include "desktop/LayoutBuilder.h"
 #include "desktop/MenuBarBinding.h"
+#include "desktop/PopupMenuBinding.h"
 #include "desktop/QtHost.h"
 #include "ui/Application.h"
+#include "ui/Control.h"
 #include "ui/Form.h"
 #include "ui/KeyRouter.h"
 #include "ui/Menu.h"
@@ -14,6 +16,8 @@
 #include "ui/ToolBar.h"
 
 #include <QAbstractItemView>
+#include <QAbstractScrollArea>
+#include <QCalendarWidget>
 #include <QCloseEvent>
 #include <QFocusEvent>
 #include <QKeyEvent>
@@ -79,9 +83,46 @@ QWidget* FormWindow::Bind(ui::Control& control, LayoutBuilder& builder) {
     ControlBinding& ref = *binding;
     bindings_.push_back(std::move(binding));
     byControl_[&control] = &ref;
-    ref.Widget()->setObjectName(QString::fromStdString(control.Name()));
+    QWidget* widget = ref.Widget();
+    widget->setObjectName(QString::fromStdString(control.Name()));
     Watch(ref.FocusWidget(), ref);
-    return ref.Widget();
+    if (control.Popup) {
+        widget->setContextMenuPolicy(Qt::CustomContextMenu);
+        QObject::connect(widget, &QWidget::customContextMenuRequested,
+                         [this, widget, &control](const QPoint& pos) {
+                             // A scrolled view reports the point on its viewport.
+                             auto* area = qobject_cast<QAbstractScrollArea*>(widget);
+                             QWidget* from = area ? area->viewport() : widget;
+                             ShowPopup(control, from->mapToGlobal(pos));
+                         });
+    }
+    return widget;
+}
+
+PopupMenuBinding* FormWindow::PopupOf(const ui::PopupMenu& popup) const {
+    for (const auto& p : popups_)
+        if (&p->Popup() == &popup) return p.get();
+    return nullptr;
+}
+
+void FormWindow::ShowPopup(ui::Control& control, const QPoint& globalPos) {
+    if (orphaned_ || !control.Popup) return;
+    ui::PopupMenu& popup = *control.Popup;
+    bool open = false;
+    UserEvent([&] {
+        if (!control.Enabled || !control.Showing()) return;
+        // A right click goes into the control first, as a left click would.
+        if (!control.Focused() && control.CanFocus()) control.SetFocus();
+        popup.Popup();
+        open = true;
+    });
+    if (!open || orphaned_) return;
+    PopupMenuBinding* binding = PopupOf(popup);
+    if (!binding) {
+        popups_.push_back(std::make_unique<PopupMenuBinding>(*this, popup));
+        binding = popups_.back().get();
+    }
+    binding->Show(globalPos);
 }
 
 void FormWindow::Watch(QWidget* widget, ControlBinding& binding) {
@@ -115,13 +156,22 @@ void FormWindow::Pull() {
         QSize size = sizeHint();
         if (form_.ClientWidth > 0 && form_.ClientHeight > 0)
             size = size.expandedTo(QSize(form_.ClientWidth, form_.ClientHeight));
-        if (findChild<QAbstractItemView*>() || findChild<QPlainTextEdit*>())
-            size = size.expandedTo(QSize(520, 380));
+        // A month calendar draws its days in a view too, but it has the size it needs.
+        bool list = false;
+        for (QAbstractItemView* view : findChildren<QAbstractItemView*>()) {
+            QWidget* up = view->parentWidget();
+            while (up && up != this && !qobject_cast<QCalendarWidget*>(up))
+                up = up->parentWidget();
+            if (!qobject_cast<QCalendarWidget*>(up)) list = true;
+        }
+        if (list || findChild<QPlainTextEdit*>()) size = size.expandedTo(QSize(520, 380));
         resize(size);
         if (form_.Left >= 0 && form_.Top >= 0) move(form_.Left, form_.Top);
         if (form_.State == ui::WindowState::Maximized) setWindowState(Qt::WindowMaximized);
     }
     if (menu_) menu_->Pull();
+    for (auto& p : popups_)
+        p->Pull();
     for (auto& b : bindings_)
         b->Pull();
     if (ui::Control* active = form_.ActiveControl())
@@ -164,6 +214,14 @@ bool FormWindow::eventFilter(QObject* watched, QEvent* event) {
     ControlBinding& binding = *it->second;
     if (event->type() == QEvent::KeyPress) {
         auto* key = static_cast<QKeyEvent*>(event);
+        // The menu key and Shift+F10 open the control's popup menu where its focus is.
+        bool menuKey = key->key() == Qt::Key_Menu ||
+                       (key->key() == Qt::Key_F10 && key->modifiers() == Qt::ShiftModifier);
+        if (menuKey && binding.Control().Popup) {
+            auto* widget = static_cast<QWidget*>(watched);
+            ShowPopup(binding.Control(), widget->mapToGlobal(widget->rect().center()));
+            return true;
+        }
         if (binding.RoutesKey(*key)) {
             RouteKey(*key, &binding.Control());
             return true;

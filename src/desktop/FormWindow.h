@@ -9,10 +9,12 @@
 #include <vector>
 
 class QMenuBar;
+class QPoint;
 
 namespace corvane::ui {
 class Control;
 class Form;
+class PopupMenu;
 } // namespace corvane::ui
 
 namespace corvane::desktop {
@@ -20,6 +22,7 @@ namespace corvane::desktop {
 class ControlBinding;
 class LayoutBuilder;
 class MenuBarBinding;
+class PopupMenuBinding;
 class QtHost;
 
 // The window of one form: widgets built from the form's layout, its menu bar, tool bars and
@@ -47,6 +50,10 @@ public:
     // The widget of the control named name; null when it has none.
     QWidget* WidgetOf(std::string_view name) const;
     QMenuBar* MenuBar() const;
+    // The control's popup menu at a point of the screen, as a right click or the menu key asks.
+    void ShowPopup(ui::Control& control, const QPoint& globalPos);
+    // The Qt menu of a popup menu, once it has been shown.
+    PopupMenuBinding* PopupOf(const ui::PopupMenu& popup) const;
 
 protected:
     bool eventFilter(QObject* watched, QEvent* event) override;
@@ -64,6 +71,7 @@ private:
     std::map<const ui::Control*, ControlBinding*> byControl_;
     std::map<const QObject*, ControlBinding*> watched_;
     std::unique_ptr<MenuBarBinding> menu_;
+    std::vector<std::unique_ptr<PopupMenuBinding>> popups_;
     bool orphaned_ = false;
     bool sized_ = false;
 };

@@ -44,7 +44,11 @@ void MenuBarBinding::AddItems(ui::MenuNode& node, QMenu* menu) {
 }
 
 void MenuBarBinding::Pull() {
-    for (auto& [item, action] : actions_) {
+    PullMenuActions(actions_);
+}
+
+void PullMenuActions(const std::vector<std::pair<ui::MenuItem*, QAction*>>& actions) {
+    for (const auto& [item, action] : actions) {
         action->setVisible(item->Visible);
         action->setEnabled(item->Enabled);
         if (item->IsSeparator()) continue;

@@ -37,5 +37,7 @@ private:
 
 // The text of a menu command: the caption and, after a tab, its short cut.
 QString MenuText(const ui::MenuItem& item);
+// Shows each item's caption, enabled, visible and checked state on its action.
+void PullMenuActions(const std::vector<std::pair<ui::MenuItem*, QAction*>>& actions);
 
 } // namespace corvane::desktop

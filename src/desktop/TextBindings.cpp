@@ -1,7 +1,5 @@
 #include "desktop/TextBindings.h"
 
-#include "core/DateEntry.h"
-#include "desktop/CalendarPicker.h"
 #include "desktop/FormWindow.h"
 #include "desktop/KeyTranslation.h"
 #include "desktop/TypedText.h"
@@ -27,13 +25,33 @@ QString Q(const std::string& text) {
     return QString::fromStdString(text);
 }
 
-// Replaces the text of a line edit without moving the caret more than the change needs.
-void ShowText(QLineEdit& line, const std::string& text) {
+// Positions in the control count bytes of UTF-8; those of a Qt box count UTF-16 units.
+int QtPosition(const std::string& text, int bytes) {
+    return static_cast<int>(QString::fromUtf8(text.data(), bytes).size());
+}
+
+int BytePosition(const QString& text, int position) {
+    return static_cast<int>(text.left(position).toUtf8().size());
+}
+
+// Shows the control's text, caret and selection in the line edit.
+void ShowText(QLineEdit& line, const ui::CustomEdit& edit) {
+    std::string text = edit.Text();
     QString shown = Q(text);
-    if (line.text() == shown) return;
-    int caret = line.cursorPosition();
-    line.setText(shown);
-    line.setCursorPosition(std::min<int>(caret, static_cast<int>(shown.size())));
+    if (line.text() != shown) line.setText(shown);
+    int start = edit.SelStart(), end = edit.SelStart() + edit.SelLength();
+    int caretBytes = edit.CaretPos();
+    int anchorBytes = caretBytes == start ? end : start;
+    int caret = QtPosition(text, caretBytes), anchor = QtPosition(text, anchorBytes);
+    if (anchor == caret) {
+        if (line.hasSelectedText() || line.cursorPosition() != caret) line.setCursorPosition(caret);
+        return;
+    }
+    int lineStart = line.selectionStart();
+    int lineEnd = lineStart + static_cast<int>(line.selectedText().size());
+    if (lineStart != std::min(anchor, caret) || lineEnd != std::max(anchor, caret) ||
+        line.cursorPosition() != caret)
+        line.setSelection(anchor, caret - anchor);
 }
 
 } // namespace
@@ -45,6 +63,22 @@ EditBinding::EditBinding(FormWindow& window, ui::CustomEdit& edit, QLineEdit* li
     QObject::connect(line_, &QLineEdit::textEdited, [this](const QString& text) {
         UserEvent([this, next = text.toStdString()] { FeedTypedText(edit_, next); });
     });
+    // A click or a key the box handles itself moves the caret: the control follows. No handler
+    // of the form runs on that, so it is no event.
+    auto follow = [this] {
+        QString text = line_->text();
+        if (text.toStdString() != edit_.Text()) return; // a typed change arrives on its own
+        int caret = line_->cursorPosition();
+        int anchor = caret;
+        if (line_->hasSelectedText()) {
+            int start = line_->selectionStart();
+            int end = start + static_cast<int>(line_->selectedText().size());
+            anchor = caret == start ? end : start;
+        }
+        edit_.Select(BytePosition(text, anchor), BytePosition(text, caret));
+    };
+    QObject::connect(line_, &QLineEdit::cursorPositionChanged, follow);
+    QObject::connect(line_, &QLineEdit::selectionChanged, follow);
 }
 
 QWidget* EditBinding::FocusWidget() const {
@@ -52,9 +86,12 @@ QWidget* EditBinding::FocusWidget() const {
 }
 
 void EditBinding::PullState() {
-    ShowText(*line_, edit_.Text());
     line_->setReadOnly(edit_.IsReadOnly());
-    line_->setMaxLength(edit_.MaxLength > 0 ? edit_.MaxLength : 32767);
+    // A new limit makes the box set its text again, which moves its caret: set it first, and only
+    // when it changed.
+    int maxLength = edit_.MaxLength > 0 ? edit_.MaxLength : 32767;
+    if (line_->maxLength() != maxLength) line_->setMaxLength(maxLength);
+    ShowText(*line_, edit_);
 }
 
 // ----- date edit
@@ -91,17 +128,8 @@ bool DateEditBinding::RoutesKey(const QKeyEvent& event) const {
 }
 
 void DateEditBinding::ButtonClicked() {
-    // A form with its own calendar handling keeps it; otherwise the calendar fills the box.
-    if (date_.OnButtonClick) return date_.ClickButton();
-    if (!date_.Enabled || !date_.Showing() || date_.IsReadOnly()) return;
-    date_.SetFocus();
-    std::optional<Date> start;
-    try {
-        if (!date_.Text().empty()) start = ParseEnteredDate(date_.Text());
-    } catch (const std::exception&) {
-        // Text that is not a date yet opens the calendar on today.
-    }
-    if (auto picked = PickDate(Widget(), start)) date_.SetText(DateToStr(*picked));
+    // The form's own handler, or the shared calendar form shown as a window of its own.
+    date_.ClickButton();
 }
 
 // ----- memo

@@ -4,16 +4,21 @@
 #include "desktop/QtDesktopServices.h"
 #include "desktop/QtDialogs.h"
 #include "desktop/QtHost.h"
-#include "shell/users/TfrmUsers.h"
+#include "program/ProgramForms.h"
+#include "shell/main/FormRegistry.h"
+#include "shell/main/TfrmAbout.h"
+#include "shell/main/TfrmCorvane.h"
 #include "store/Database.h"
 #include "store/Session.h"
 #include "store/tables/CompanyDatabase.h"
 #include "ui/Application.h"
+#include "ui/MenuItem.h"
 
 #include <QApplication>
 #include <QDir>
 #include <QMessageBox>
 #include <QPixmap>
+#include <QScreen>
 #include <QTableView>
 #include <QTimer>
 
@@ -23,9 +28,15 @@
 
 namespace {
 
+namespace desktop = corvane::desktop;
+namespace store = corvane::store;
+namespace ui = corvane::ui;
+
 struct Options {
-    std::string Folder;
-    std::string Screenshot;  // grab the first window into this file and quit
+    std::string Folder;     // the company to open, as the first argument of the program
+    std::string Screenshot; // grab a window into this file and quit
+    std::string ShotForm = "frmCorvane"; // the window the screenshot grabs
+    std::string Menu;        // a main menu entry to run once the program is up ("GL, Accounts")
     int SampleVendors = 250; // vendors a new company gets
     int ScrollTo = -1;       // a row for the list to show, to see a long list scroll
     bool Vendors = false;    // the vendor list instead of the users
@@ -36,6 +47,10 @@ Options ReadOptions(const QStringList& args) {
     for (int i = 1; i < args.size(); ++i) {
         if (args[i] == "--screenshot" && i + 1 < args.size())
             options.Screenshot = args[++i].toStdString();
+        else if (args[i] == "--screenshot-form" && i + 1 < args.size())
+            options.ShotForm = args[++i].toStdString();
+        else if (args[i] == "--menu" && i + 1 < args.size())
+            options.Menu = args[++i].toStdString();
         else if (args[i] == "--vendors" && i + 1 < args.size())
             options.SampleVendors = args[++i].toInt();
         else if (args[i] == "--vendors-list")
@@ -45,8 +60,6 @@ Options ReadOptions(const QStringList& args) {
         else
             options.Folder = args[i].toStdString();
     }
-    if (options.Folder.empty())
-        options.Folder = (QDir::homePath() + "/Corvane/Sample Data").toStdString();
     return options;
 }
 
@@ -63,6 +76,50 @@ void EnsureCompany(corvane::store::Session& session, const std::string& folder, 
     db.Close();
 }
 
+// Grabs the window of the form into the file once what its showing set going has settled.
+void Screenshot(desktop::QtHost& host, ui::Application& app, const Options& options) {
+    QTimer::singleShot(800, [&host, &app, &options] {
+        ui::Form* form = app.FindForm(options.ShotForm);
+        desktop::FormWindow* window = form ? host.WindowOf(*form) : nullptr;
+        // Without a screen to expose it the window first paints here; what that painting set
+        // going (the list's reads) settles before the picture is taken.
+        if (window) window->grab();
+        QCoreApplication::processEvents();
+        bool saved = window && window->grab().save(QString::fromStdString(options.Screenshot));
+        if (!saved) std::cerr << "Could not save " << options.Screenshot << "\n";
+        QApplication::exit(saved ? 0 : 1);
+    });
+}
+
+// The vendor list of a company of many rows, to see a long list open and scroll.
+int RunVendorDemo(desktop::QtHost& host, ui::Application& app, const Options& options) {
+    store::Session session;
+    store::Database db(session);
+    std::string folder = options.Folder.empty()
+                             ? (QDir::homePath() + "/Corvane/Vendor Demo").toStdString()
+                             : options.Folder;
+    try {
+        EnsureCompany(session, folder, options.SampleVendors);
+        db.SetDirectory(folder);
+        db.Open();
+    } catch (const std::exception& e) {
+        QMessageBox::critical(nullptr, "Corvane", QString::fromStdString(e.what()));
+        return 1;
+    }
+    ui::Form& form = app.CreateForm<desktop::DemoForm>(db);
+    app.SetMainForm(form);
+    form.Show();
+    if (options.ScrollTo >= 0)
+        if (auto* list = host.WindowOf(form)->findChild<QTableView*>())
+            QTimer::singleShot(200, list, [list, row = options.ScrollTo] {
+                list->scrollTo(list->model()->index(row, 0), QAbstractItemView::PositionAtTop);
+            });
+    Options shot = options;
+    shot.ShotForm = form.Name();
+    if (!options.Screenshot.empty()) Screenshot(host, app, shot);
+    return QApplication::exec();
+}
+
 } // namespace
 
 int main(int argc, char* argv[]) {
@@ -72,42 +129,32 @@ int main(int argc, char* argv[]) {
     desktop::ApplyLook(qt);
     Options options = ReadOptions(QApplication::arguments());
 
-    store::Session session;
-    store::Database db(session);
-    try {
-        EnsureCompany(session, options.Folder, options.SampleVendors);
-        db.SetDirectory(options.Folder);
-        db.Open();
-    } catch (const std::exception& e) {
-        QMessageBox::critical(nullptr, "Corvane", QString::fromStdString(e.what()));
-        return 1;
-    }
-
     desktop::QtHost host;
     desktop::QtDialogs dialogs;
     desktop::QtDesktopServices services;
     ui::Application app(host, dialogs, services);
-    ui::Form& form = options.Vendors ? static_cast<ui::Form&>(app.CreateForm<desktop::DemoForm>(db))
-                                     : app.CreateForm<shell::TfrmUsers>(db);
-    app.SetMainForm(form);
-    form.Show();
+    if (QScreen* screen = QGuiApplication::primaryScreen())
+        app.ScaleFactor = screen->logicalDotsPerInch() / 96.0;
+    if (options.Vendors) return RunVendorDemo(host, app, options);
 
-    if (options.ScrollTo >= 0)
-        if (auto* list = host.WindowOf(form)->findChild<QTableView*>())
-            QTimer::singleShot(200, list, [list, row = options.ScrollTo] {
-                list->scrollTo(list->model()->index(row, 0), QAbstractItemView::PositionAtTop);
-            });
-    if (!options.Screenshot.empty()) {
-        QTimer::singleShot(800, [&] {
-            desktop::FormWindow* window = host.WindowOf(form);
-            // Without a screen to expose it the window first paints here; what that painting
-            // set going (the list's reads) settles before the picture is taken.
-            if (window) window->grab();
-            QCoreApplication::processEvents();
-            bool saved = window && window->grab().save(QString::fromStdString(options.Screenshot));
-            if (!saved) std::cerr << "Could not save " << options.Screenshot << "\n";
-            QApplication::exit(saved ? 0 : 1);
-        });
+    shell::FormRegistry registry;
+    program::RegisterProgramForms(registry);
+    app.CreateForm<shell::TfrmSplash>().Show();
+    shell::TfrmCorvane* main = nullptr;
+    try {
+        main =
+            &app.CreateForm<shell::TfrmCorvane>(registry, std::vector<std::string>{options.Folder});
+    } catch (const std::exception& e) {
+        QMessageBox::critical(nullptr, "Corvane", QString::fromStdString(e.what()));
+        return 1;
     }
+    main->OnTerminate = [] { QTimer::singleShot(0, [] { QApplication::quit(); }); };
+    // Armed first, so that it also catches a window of the start-up, such as the welcome.
+    if (!options.Screenshot.empty()) Screenshot(host, app, options);
+    app.Run([&] { main->Show(); });
+    if (main->Terminated()) return 0;
+    if (!options.Menu.empty())
+        if (ui::MenuItem* item = main->FindMenuItem(options.Menu))
+            app.Run([item] { item->Click(); });
     return QApplication::exec();
 }

@@ -380,6 +380,23 @@ std::int64_t Table::DoRecordCount() {
     return s.ColumnInt(0);
 }
 
+std::optional<std::int64_t> Table::RowNumber() {
+    if (!Active() || State() != DataSetState::Browse || FiltersRows() || window_.empty())
+        return std::nullopt;
+    // The rows before a position are a few disjoint seeks on the index; each is counted there.
+    std::int64_t n = 0;
+    for (const auto& group : order_.Before(PositionOf(window_[pos_]))) {
+        SqlCondition where = baseCondition_.And(group);
+        std::string sql = "SELECT count(*) FROM " + QualifiedName() + " WHERE " + where.Sql;
+        Statement& s = db_.Conn().Cached(sql);
+        StatementRun run(s);
+        s.BindAll(where.Params);
+        s.Step();
+        n += s.ColumnInt(0);
+    }
+    return n;
+}
+
 std::optional<Table::Row> Table::DoLocate(const std::vector<int>& fields,
                                           const std::vector<Value>& values, bool caseInsensitive) {
     SqlCondition match;

@@ -52,6 +52,11 @@ public:
     void SetMasterSource(DataSet* master, const std::string& masterFields);
     DataSet* MasterSource() const { return master_; }
 
+    // How many rows come before the current one in the cursor's order (within range, master link
+    // and filter): counted on the active index, as a grid needs to place its current row after a
+    // Locate. Nothing when the cursor has no current row, or a filter handler decides row by row.
+    std::optional<std::int64_t> RowNumber();
+
     // A lock on the whole table against writes by other processes.
     void LockTable();
     void UnlockTable();

@@ -62,6 +62,8 @@ void Application::FreeForm(Form& form) {
     if (depth_ > 0) {
         if (std::find(pendingFree_.begin(), pendingFree_.end(), &form) == pendingFree_.end())
             pendingFree_.push_back(&form);
+        // Gone for everyone at once, so that the same event may make a new one of that name.
+        forms_.erase(std::remove(forms_.begin(), forms_.end(), &form), forms_.end());
         return;
     }
     owned_.erase(owned);

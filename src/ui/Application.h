@@ -28,6 +28,10 @@ public:
 
     // The title of message boxes.
     std::string Title = "Corvane";
+    // Screen pixels per inch over 96, set by the host at start: every size the program sets in
+    // code (column widths, window sizes) is multiplied by it, so that forms keep their look on
+    // screens of higher density.
+    double ScaleFactor = 1.0;
 
     Host& GetHost() const { return host_; }
     Dialogs& GetDialogs() const { return dialogs_; }

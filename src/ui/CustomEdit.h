@@ -4,8 +4,10 @@
 #include "ui/EditMask.h"
 #include "ui/FieldDataLink.h"
 
+#include <algorithm>
 #include <functional>
 #include <memory>
+#include <optional>
 #include <string>
 
 namespace corvane::ui {
@@ -24,13 +26,39 @@ public:
     void SetText(std::string text);
     // Zero for no limit; a bound string field limits it to the field's size.
     int MaxLength = 0;
+    // Shown in place of each character, for passwords; 0 shows the text.
+    char PasswordChar = 0;
     bool ReadOnly = false;
     void SetEditMask(std::string_view mask) { mask_ = EditMask(mask); }
     std::function<void()> OnChange;
 
+    // ----- caret and selection, in bytes of the text. The caret stands at one end of the
+    // selection (the end a Shift+arrow moves); with nothing selected SelLength is 0 and SelStart
+    // is the caret.
+    int SelStart() const { return static_cast<int>(std::min(anchor_, caret_)); }
+    int SelLength() const {
+        return static_cast<int>(anchor_ > caret_ ? anchor_ - caret_ : caret_ - anchor_);
+    }
+    std::string SelText() const {
+        return text_.substr(static_cast<std::size_t>(SelStart()),
+                            static_cast<std::size_t>(SelLength()));
+    }
+    int CaretPos() const { return static_cast<int>(caret_); }
+    // Puts the caret at start with nothing selected.
+    void SetSelStart(int start);
+    // Selects length characters from SelStart.
+    void SetSelLength(int length);
+    // Selects from anchor to caret; the caret may stand before the anchor.
+    void Select(int anchor, int caret);
+    // Replaces the selection as code does, like SetText.
+    void SetSelText(const std::string& text);
+    // The user deletes the selection, as with the Delete key.
+    void ClearSelection();
     // The next character typed replaces the whole text, as after tabbing into the control.
-    void SelectAll() { allSelected_ = !text_.empty(); }
-    bool AllSelected() const { return allSelected_; }
+    void SelectAll() { Select(0, static_cast<int>(text_.size())); }
+    bool AllSelected() const {
+        return !text_.empty() && SelLength() == static_cast<int>(text_.size());
+    }
 
     void Bind(store::DataSet& dataSet, std::string fieldName);
     FieldDataLink* DataLink() const { return link_.get(); }
@@ -51,15 +79,20 @@ protected:
     void Exiting() override;
     // Shows the bound field's text.
     virtual void DataChanged();
-    // Replaces the text and runs OnChange; byUser marks a bound field as awaiting the text.
-    void ChangeText(std::string text, bool byUser);
+    // Replaces the text and runs OnChange; byUser marks a bound field as awaiting the text. The
+    // caret goes to the end, or to caret when given.
+    void ChangeText(std::string text, bool byUser, std::optional<std::size_t> caret = {});
 
 private:
     void TypeChar(char ch);
+    // The user's replacement of the selection by typed (empty for a deletion), within the mask,
+    // the length limit and the field's will to be edited; false after a beep.
+    bool ReplaceSelection(const std::string& typed);
+    void MoveCaret(Key key, Modifiers mods);
     std::size_t EffectiveMaxLength() const;
 
     std::string text_;
-    bool allSelected_ = false;
+    std::size_t anchor_ = 0, caret_ = 0;
     bool hasFocus_ = false;
     bool typedSinceEnter_ = false;
     EditMask mask_;

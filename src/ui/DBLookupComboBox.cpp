@@ -9,10 +9,15 @@ namespace corvane::ui {
 
 using store::Value;
 
-DBLookupComboBox::DBLookupComboBox(Form& form, std::string name, store::DataSet& listSource,
+DBLookupComboBox::DBLookupComboBox(Form& form, std::string name, ListSourceFn listSource,
                                    std::string keyField, std::string listField)
     : Control(form, std::move(name)), KeyField(std::move(keyField)),
-      ListField(std::move(listField)), listSource_(listSource) {}
+      ListField(std::move(listField)), listSource_(std::move(listSource)) {}
+
+store::DataSet* DBLookupComboBox::OpenList() const {
+    store::DataSet* list = ListSource();
+    return list && list->Active() ? list : nullptr;
+}
 
 void DBLookupComboBox::Bind(store::DataSet& dataSet, std::string fieldName) {
     // The combo reads the field whenever asked, so a change needs no copying here.
@@ -44,8 +49,9 @@ void DBLookupComboBox::SetKeyValue(const Value& key) {
 
 std::string DBLookupComboBox::Text() const {
     Value key = KeyValue();
-    if (key.IsNull() || !listSource_.Active()) return {};
-    Value shown = listSource_.Lookup(KeyField, {key}, FirstListField());
+    store::DataSet* list = OpenList();
+    if (key.IsNull() || !list) return {};
+    Value shown = list->Lookup(KeyField, {key}, FirstListField());
     switch (shown.kind()) {
     case Value::Kind::Null:
         return {};
@@ -80,33 +86,38 @@ void DBLookupComboBox::UserSelect(const Value& key) {
 }
 
 void DBLookupComboBox::DropDown() {
-    if (dropped_ || !Enabled || !Showing() || !listSource_.Active()) return;
+    store::DataSet* list = OpenList();
+    if (dropped_ || !Enabled || !Showing() || !list) return;
     dropped_ = true;
     Value key = KeyValue();
-    if (!key.IsNull()) listSource_.Locate(KeyField, {key});
+    if (!key.IsNull()) list->Locate(KeyField, {key});
 }
 
 void DBLookupComboBox::CloseUp(bool accept) {
     if (!dropped_) return;
     dropped_ = false;
-    if (accept && !listSource_.IsEmpty()) {
-        Value key = listSource_.FieldByName(KeyField).AsValue();
+    store::DataSet* list = OpenList();
+    if (accept && list && !list->IsEmpty()) {
+        Value key = list->FieldByName(KeyField).AsValue();
         if (!(key == KeyValue())) UserSelect(key);
     }
     if (OnCloseUp) OnCloseUp();
 }
 
 RowWindow DBLookupComboBox::ListRows(int before, int after) {
-    return ReadRowWindow(listSource_, store::SplitFieldList(ListField), before, after);
+    store::DataSet* list = OpenList();
+    if (!list) return {};
+    return ReadRowWindow(*list, store::SplitFieldList(ListField), before, after);
 }
 
 void DBLookupComboBox::Choose(std::string_view text) {
-    if (!listSource_.Active() || !listSource_.Locate(FirstListField(), {Value(std::string(text))},
-                                                     {.CaseInsensitive = true}))
+    store::DataSet* list = OpenList();
+    if (!list ||
+        !list->Locate(FirstListField(), {Value(std::string(text))}, {.CaseInsensitive = true}))
         throw ScriptError("Look-up combo '" + Name() + "' on form '" + OwnerForm().Name() +
                           "' has no item '" + std::string(text) + "'");
     dropped_ = false;
-    Value key = listSource_.FieldByName(KeyField).AsValue();
+    Value key = list->FieldByName(KeyField).AsValue();
     if (!(key == KeyValue())) UserSelect(key);
 }
 
@@ -118,9 +129,9 @@ void DBLookupComboBox::KeyDown(Key& key, Modifiers mods) {
     if ((key == Key::Down && mods.Alt) || key == Key::F4) {
         dropped_ ? CloseUp(true) : DropDown();
     } else if (dropped_ && (key == Key::Up || key == Key::Down)) {
-        listSource_.MoveBy(key == Key::Up ? -1 : 1);
+        if (store::DataSet* list = OpenList()) list->MoveBy(key == Key::Up ? -1 : 1);
     } else if (dropped_ && (key == Key::PageUp || key == Key::PageDown)) {
-        listSource_.MoveBy(key == Key::PageUp ? -7 : 7);
+        if (store::DataSet* list = OpenList()) list->MoveBy(key == Key::PageUp ? -7 : 7);
     } else if (dropped_ && (key == Key::Enter || key == Key::Escape)) {
         CloseUp(key == Key::Enter);
     } else if (!dropped_ && key == Key::Delete) {

@@ -21,12 +21,24 @@ namespace corvane::ui {
 // Enter, so an entry form does not move on.
 class DBLookupComboBox : public Control {
 public:
+    // Where the list is read from at each use: a cursor that may be closed, or null. A shared
+    // look-up cursor is made anew for each company, so a combo that outlives one asks again.
+    using ListSourceFn = std::function<store::DataSet*()>;
+
     DBLookupComboBox(Form& form, std::string name, store::DataSet& listSource, std::string keyField,
+                     std::string listField)
+        : DBLookupComboBox(form, std::move(name), FixedSource(listSource), std::move(keyField),
+                           std::move(listField)) {}
+    DBLookupComboBox(Form& form, std::string name, ListSourceFn listSource, std::string keyField,
                      std::string listField);
     // Bound to fieldName of dataSet from the start.
     DBLookupComboBox(Form& form, std::string name, store::DataSet& dataSet, std::string fieldName,
                      store::DataSet& listSource, std::string keyField, std::string listField)
-        : DBLookupComboBox(form, std::move(name), listSource, std::move(keyField),
+        : DBLookupComboBox(form, std::move(name), dataSet, std::move(fieldName),
+                           FixedSource(listSource), std::move(keyField), std::move(listField)) {}
+    DBLookupComboBox(Form& form, std::string name, store::DataSet& dataSet, std::string fieldName,
+                     ListSourceFn listSource, std::string keyField, std::string listField)
+        : DBLookupComboBox(form, std::move(name), std::move(listSource), std::move(keyField),
                            std::move(listField)) {
         Bind(dataSet, std::move(fieldName));
     }
@@ -34,7 +46,8 @@ public:
     void Bind(store::DataSet& dataSet, std::string fieldName);
     FieldDataLink* DataLink() const { return link_.get(); }
 
-    store::DataSet& ListSource() const { return listSource_; }
+    // The list's cursor now; null when there is none.
+    store::DataSet* ListSource() const { return listSource_ ? listSource_() : nullptr; }
     const std::string KeyField;
     // Several fields separated by ';' show as columns of the list; the box shows the first.
     const std::string ListField;
@@ -66,10 +79,15 @@ protected:
     void KeyDown(Key& key, Modifiers mods) override;
 
 private:
+    static ListSourceFn FixedSource(store::DataSet& dataSet) {
+        return [&dataSet] { return &dataSet; };
+    }
+    // The list's cursor when it is open; null otherwise.
+    store::DataSet* OpenList() const;
     std::string FirstListField() const;
     void UserSelect(const store::Value& key);
 
-    store::DataSet& listSource_;
+    ListSourceFn listSource_;
     std::unique_ptr<FieldDataLink> link_;
     store::Value key_;
     bool dropped_ = false;

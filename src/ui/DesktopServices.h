@@ -32,6 +32,8 @@ public:
     virtual std::string CountryName() = 0;
     // The name of the default printer; empty when there is none.
     virtual std::string DefaultPrinter() = 0;
+    // The default printer's paper is A4 (else reports stay on Letter).
+    virtual bool DefaultPaperIsA4() { return false; }
     // Nothing when the user cancelled.
     virtual std::optional<std::string> PickFolder(const std::string& title,
                                                   const std::string& start) = 0;

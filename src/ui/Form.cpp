@@ -60,6 +60,29 @@ void Form::SetLayout(LayoutItem root) {
     layout_ = std::make_unique<LayoutItem>(std::move(root));
 }
 
+// ----- placing
+
+void Form::CentreOn(const Control& control) {
+    const Host& host = app_.GetHost();
+    CentreOn(host.ControlRect(control).value_or(host.WorkArea()));
+}
+
+void Form::CentreOn(const ScreenRect& area) {
+    Left = area.Left + (area.Width - std::max(ClientWidth, 0)) / 2;
+    Top = area.Top + (area.Height - std::max(ClientHeight, 0)) / 2;
+    KeepOnScreen();
+}
+
+void Form::KeepOnScreen() {
+    ScreenRect screen = app_.GetHost().WorkArea();
+    // The right and bottom edges first, so that a form larger than the screen ends up with its
+    // caption and left side visible.
+    Left = std::min(Left, screen.Left + screen.Width - std::max(ClientWidth, 0));
+    Top = std::min(Top, screen.Top + screen.Height - std::max(ClientHeight, 0));
+    Left = std::max(Left, screen.Left);
+    Top = std::max(Top, screen.Top);
+}
+
 // ----- showing and closing
 
 void Form::EnsureCreated() {

@@ -16,6 +16,7 @@ class Application;
 class Button;
 class Component;
 class Control;
+struct ScreenRect;
 
 enum class CloseAction { None, Hide, Free };
 enum class WindowState { Normal, Minimized, Maximized };
@@ -56,6 +57,13 @@ public:
     // Geometry in pixels; zero or negative leaves it to the host.
     int Left = -1, Top = -1, ClientWidth = 0, ClientHeight = 0;
     WindowState State = WindowState::Normal;
+    // Centres the form (by its client size) on the control, or on the screen when the host cannot
+    // tell where the control is, and keeps it on the screen.
+    void CentreOn(const Control& control);
+    void CentreOn(const ScreenRect& area);
+    // Moves the form back onto the host's work area; a form larger than the screen keeps its
+    // left and top edges visible.
+    void KeepOnScreen();
 
     // ----- showing and closing
     void Show();

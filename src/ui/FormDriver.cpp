@@ -9,6 +9,7 @@
 #include "ui/DateEdit.h"
 #include "ui/Form.h"
 #include "ui/Grid.h"
+#include "ui/ListBox.h"
 #include "ui/MenuItem.h"
 #include "ui/PageControl.h"
 #include "ui/RadioGroup.h"
@@ -162,6 +163,13 @@ void FormDriver::Choose(std::string_view name, std::string_view item) {
             lookup->SetFocus();
             lookup->Choose(item);
         });
+    } else if (auto* list = dynamic_cast<ListBox*>(&control)) {
+        int index = list->IndexOf(item);
+        if (index < 0) Cannot(*list, "has no item '" + std::string(item) + "'");
+        Act([list, index] {
+            list->SetFocus();
+            list->ClickItem(index);
+        });
     } else {
         Cannot(control, "has no items to choose from");
     }
@@ -180,13 +188,23 @@ void FormDriver::ClickTitle(std::string_view gridName, std::string_view fieldNam
     Act([&] { grid.ClickTitle(fieldName); });
 }
 
-void FormDriver::DblClick(std::string_view gridName) {
-    auto& grid = form_.Get<Grid>(gridName);
-    Reachable(gridName);
-    Act([&] {
-        grid.SetFocus();
-        grid.DblClick();
-    });
+void FormDriver::DblClick(std::string_view name) {
+    Control& control = Reachable(name);
+    if (auto* grid = dynamic_cast<Grid*>(&control)) {
+        Act([grid] {
+            grid->SetFocus();
+            grid->DblClick();
+        });
+    } else if (auto* list = dynamic_cast<ListBox*>(&control)) {
+        // A double click lands on an item: on an empty list there is nothing to click.
+        if (list->ItemIndex() < 0) Cannot(*list, "has no selected item to double-click");
+        Act([list] {
+            list->SetFocus();
+            list->DblClick();
+        });
+    } else {
+        Cannot(control, "cannot be double-clicked");
+    }
 }
 
 void FormDriver::Close() {

@@ -43,11 +43,13 @@ public:
     // tab, a menu item, a tool button, or the calendar button of a date edit.
     void Click(std::string_view name);
     void SetChecked(std::string_view name, bool checked);
-    // The item of a radio group, combo box or look-up combo that reads item.
+    // The item of a radio group, combo box or look-up combo that reads item; on a list box, a
+    // click on the item that reads item, letter case aside.
     void Choose(std::string_view name, std::string_view item);
     void SelectRow(std::string_view gridName, std::int64_t index);
     void ClickTitle(std::string_view gridName, std::string_view fieldName);
-    void DblClick(std::string_view gridName);
+    // A double click on the current row of a grid or the selected item of a list box.
+    void DblClick(std::string_view name);
     // The close box of the window.
     void Close();
 

@@ -1,5 +1,6 @@
 #include "ui/Grid.h"
 
+#include "store/Table.h"
 #include "ui/Form.h"
 #include "ui/ScriptError.h"
 
@@ -60,6 +61,13 @@ RowWindow Grid::Rows(int before, int after) {
     return ReadRowWindow(dataSet_, VisibleFields(), before, after);
 }
 
+std::optional<std::int64_t> Grid::RowIndex() const {
+    if (rowIndex_ || rowIndexAsked_) return rowIndex_;
+    rowIndexAsked_ = true;
+    if (auto* table = dynamic_cast<store::Table*>(&dataSet_)) rowIndex_ = table->RowNumber();
+    return rowIndex_;
+}
+
 std::vector<std::string> Grid::CurrentRow() const {
     std::vector<std::string> texts;
     if (!dataSet_.Active() || dataSet_.IsEmpty()) return texts;
@@ -81,6 +89,7 @@ void Grid::MoveRows(int distance) {
     int moved = dataSet_.MoveBy(distance);
     if (rowIndex_) *rowIndex_ += moved;
     if (dataSet_.Bof()) rowIndex_ = 0;
+    if (!rowIndex_) rowIndexAsked_ = false;
     if (OnRowsChanged) OnRowsChanged();
 }
 
@@ -137,6 +146,7 @@ void Grid::KeyDown(Key& key, Modifiers) {
         FlagUp moving(ownMove_);
         dataSet_.Last();
         rowIndex_.reset();
+        rowIndexAsked_ = false;
         if (OnRowsChanged) OnRowsChanged();
         break;
     }
@@ -157,6 +167,7 @@ void Grid::DataSetNotify(store::DataSet&, DataEvent event, store::Field*) {
     if (moves) {
         bool atTop = event != DataEvent::DataSetClosed && dataSet_.Active() && dataSet_.Bof();
         rowIndex_ = atTop ? std::optional<std::int64_t>(0) : std::nullopt;
+        rowIndexAsked_ = false;
     }
     if (OnRowsChanged) OnRowsChanged();
 }

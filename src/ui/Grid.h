@@ -49,8 +49,10 @@ public:
     // The texts of the current row; empty when the cursor has none.
     std::vector<std::string> CurrentRow() const;
     // How many rows from the top the current one is, when the grid knows: after moves it made
-    // itself from the top, or when the cursor stands on its first row.
-    std::optional<std::int64_t> RowIndex() const { return rowIndex_; }
+    // itself from the top, when the cursor stands on its first row, or, after a move by code (a
+    // Locate, First, Last), as a table cursor counts it on its index. Not known for a query or a
+    // filter handler that is not at the top.
+    std::optional<std::int64_t> RowIndex() const;
 
     // The user's acts on the grid.
     void SelectRow(std::int64_t index); // a click on the row `index` from the top
@@ -72,7 +74,9 @@ private:
     std::vector<std::string> VisibleFields() const;
 
     store::DataSet& dataSet_;
-    std::optional<std::int64_t> rowIndex_;
+    // Asked of the cursor on demand, once after each move the grid did not make itself.
+    mutable std::optional<std::int64_t> rowIndex_;
+    mutable bool rowIndexAsked_ = false;
     bool ownMove_ = false;
     bool reading_ = false;
 };

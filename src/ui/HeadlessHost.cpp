@@ -1,5 +1,6 @@
 #include "ui/HeadlessHost.h"
 
+#include "ui/Control.h"
 #include "ui/Form.h"
 #include "ui/ScriptError.h"
 
@@ -30,6 +31,13 @@ void HeadlessHost::RunModal(Form& form) {
     script(form);
     if (form.Visible())
         throw ScriptError("The modal form '" + form.Name() + "' is still open after its script");
+}
+
+std::optional<ScreenRect> HeadlessHost::ControlRect(const Control& control) const {
+    const Form& form = control.OwnerForm();
+    if (form.Left < 0 || form.Top < 0 || form.ClientWidth <= 0 || form.ClientHeight <= 0)
+        return std::nullopt;
+    return ScreenRect{form.Left, form.Top, form.ClientWidth, form.ClientHeight};
 }
 
 void HeadlessHost::SetWaitCursor(bool on) {

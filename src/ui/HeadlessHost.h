@@ -35,6 +35,12 @@ public:
     void EventDone() override { ++eventsDone_; }
     void ProcessMessages() override {}
 
+    // A fixed screen; tests may make it smaller to see forms kept on it.
+    ScreenRect Screen{0, 0, 1280, 1024};
+    ScreenRect WorkArea() const override { return Screen; }
+    // Without windows a control is taken to cover its form, where the form has a place and size.
+    std::optional<ScreenRect> ControlRect(const Control& control) const override;
+
 private:
     std::deque<std::pair<std::string, ModalScript>> scripts_;
     std::vector<std::string> log_;

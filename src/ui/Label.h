@@ -3,6 +3,8 @@
 #include "ui/Caption.h"
 #include "ui/Control.h"
 
+#include <functional>
+
 namespace corvane::ui {
 
 class Label : public Control {
@@ -13,6 +15,11 @@ public:
     std::string Caption;
     // The control a click on the label (or its accelerator) focuses.
     Control* FocusControl = nullptr;
+    // A label that acts as a link; nothing for a plain one.
+    std::function<void()> OnClick;
+    void Click() {
+        if (OnClick) OnClick();
+    }
 
     const char* TypeName() const override { return "Label"; }
     std::string Text() const override { return PlainCaption(Caption); }

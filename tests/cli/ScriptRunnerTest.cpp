@@ -1,4 +1,6 @@
 #include "cli/ScriptRunner.h"
+#include "cli/demo/DemoForms.h"
+#include "program/ProgramForms.h"
 
 #include "core/Exception.h"
 #include "support/CompanyFixture.h"
@@ -43,11 +45,12 @@ public:
 class ScriptRunnerTest : public testing::CompanyTest {
 protected:
     ScriptRunnerTest() {
-        RegisterProgramForms(registry_);
-        registry_.Register("frmAsking", [this](FormContext& ctx) -> ui::Form& {
+        program::RegisterProgramForms(registry_);
+        demo::RegisterDemoForms(registry_);
+        registry_.Register("frmAsking", [this](shell::FormContext& ctx) -> ui::Form& {
             return ctx.App.CreateForm<AskingForm>(&homeSeen_);
         });
-        registry_.Register("frmBroken", [](FormContext&) -> ui::Form& {
+        registry_.Register("frmBroken", [](shell::FormContext&) -> ui::Form& {
             throw Exception("The ledger is not set up.");
         });
     }
@@ -58,14 +61,16 @@ protected:
     }
     std::string Output() const { return out_.str(); }
 
-    FormRegistry registry_;
+    shell::FormRegistry registry_;
     std::ostringstream out_;
     std::string homeSeen_;
 };
 
+// The company has a user, so it opens through the program's login.
 TEST_F(ScriptRunnerTest, OpensTheCompanyItIsToldToAndLeavesItInPlace) {
     InsertRow("Users", {{"UserName", "ADMIN"}, {"Security", true}});
-    EXPECT_EQ(Run("company open " + folder_.Path() +
+    const std::string login = "modal frmLogin\n set editUserName ADMIN\n click btnOK\nend\n";
+    EXPECT_EQ(Run(login + "company open " + folder_.Path() +
                   "\n"
                   "open frmDemoUsers\n"
                   "expect grid gridUsers ADMIN,True\n"
@@ -74,7 +79,7 @@ TEST_F(ScriptRunnerTest, OpensTheCompanyItIsToldToAndLeavesItInPlace) {
         << Output();
     // Relative to the script's folder, here the company's parent.
     fs::path company(folder_.Path());
-    EXPECT_EQ(Run("company open " + company.filename().string() +
+    EXPECT_EQ(Run(login + "company open " + company.filename().string() +
                       "\nexpect sql \"SELECT COUNT(*) AS n FROM Users\" 1\n",
                   company.parent_path()),
               ScriptPassed)
@@ -153,8 +158,8 @@ TEST_F(ScriptRunnerTest, AMistakeInsideAModalBlockNamesItsOwnLine) {
 TEST_F(ScriptRunnerTest, NamesThatLeadNowhereStopTheScript) {
     EXPECT_EQ(Run("open frmNope\n"), ScriptMalformed);
     EXPECT_EQ(Output(), "line 1: No form 'frmNope' is registered\n");
-    EXPECT_EQ(Run("menu \"GL, Accounts\"\n"), ScriptMalformed);
-    EXPECT_EQ(Output(), "line 1: No menu entry 'GL, Accounts'\n");
+    EXPECT_EQ(Run("menu \"GL, Ledger\"\n"), ScriptMalformed);
+    EXPECT_EQ(Output(), "line 1: No menu entry 'GL, Ledger'\n");
     EXPECT_EQ(Run("click btnOK\n"), ScriptMalformed);
     EXPECT_EQ(Output(), "line 1: No form is open; start with 'open' or 'menu'\n");
     EXPECT_EQ(Run("open frmDemoUsers\nexpect row gridUsers Colour=red\n"), ScriptMalformed);

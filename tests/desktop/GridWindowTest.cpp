@@ -89,5 +89,28 @@ TEST_F(GridWindowTest, AFoundRowBecomesTheViewsCurrentRow) {
     EXPECT_LT(model->RowsRead(), 800);
 }
 
+TEST_F(GridWindowTest, ARowInTheMiddleMovedToByCodeIsSelectedAndScrolledTo) {
+    view->resize(600, 300);
+    window->UserEvent(
+        [this] { ASSERT_TRUE(form->tblVendor.Locate("VendorNo", {std::string("V01500")})); });
+    EXPECT_EQ(view->currentIndex().row(), 1499);
+    EXPECT_TRUE(view->selectionModel()->isRowSelected(1499, {}));
+    // In sight: the row's cell lies within the viewport.
+    QRect cell = view->visualRect(model->index(1499, 0));
+    EXPECT_TRUE(view->viewport()->rect().intersects(cell));
+    EXPECT_EQ(Cell(1499, 0), "V01500");
+
+    // First and Last by a command, as a menu would run them.
+    window->UserEvent([this] { form->tblVendor.Last(); });
+    EXPECT_EQ(view->currentIndex().row(), VendorCount - 1);
+    window->UserEvent([this] {
+        form->tblVendor.First();
+        form->tblVendor.MoveBy(1200);
+    });
+    EXPECT_EQ(view->currentIndex().row(), 1200);
+    EXPECT_TRUE(view->viewport()->rect().intersects(view->visualRect(model->index(1200, 0))));
+    EXPECT_LT(model->RowsRead(), 800);
+}
+
 } // namespace
 } // namespace corvane::testing

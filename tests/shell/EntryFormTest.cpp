@@ -1,4 +1,5 @@
 #include "UsersFixture.h"
+#include "core/PasswordHash.h"
 
 using namespace corvane;
 using namespace corvane::ui;
@@ -23,7 +24,7 @@ TEST_F(EntryForm, CloseWithChangesAnsweredYesSaves) {
     dialogs.Answer("Do you want to save changes?", mbYes);
     u.Close();
     EXPECT_FALSE(UserForm().Visible());
-    EXPECT_EQ(StoredPassword("bob"), "secret");
+    EXPECT_TRUE(PasswordHash::Verify("secret", StoredPassword("bob")));
 }
 
 TEST_F(EntryForm, CloseWithChangesAnsweredNoDropsThem) {

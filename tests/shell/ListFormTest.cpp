@@ -139,3 +139,30 @@ TEST_F(ListForm, TypingInTheSearchMovesByTheIndexWithoutAScan) {
     EXPECT_EQ(host.PendingScripts(), 0u);
     EXPECT_EQ(CurrentUser(), "alice") << "a cancelled search moves nothing";
 }
+
+TEST_F(ListForm, AFilterThatIsOffIsNotPassedToTheSearch) {
+    list->tblUsers.SetFilter("(Security = true)");
+    list->tblUsers.SetFiltered(false);
+    host.ScriptModal("frmUserSearch", [](Form& f) {
+        EXPECT_EQ(FormDriver(f).GridRow("grdSearch").at(0), "carol");
+        FormDriver(f).Click("btnOK");
+    });
+    FormDriver d(*list);
+    d.Focus("grdList");
+    d.Type("c");
+    EXPECT_EQ(CurrentUser(), "carol");
+}
+
+TEST_F(ListForm, OpeningFromTheMenuClearsTheFilterAndTheDialogsCriteria) {
+    host.ScriptModal("frmUsersFilter", [](Form& f) {
+        FormDriver(f).EnterText("editUserName", "b");
+        FormDriver(f).Click("btnOK");
+    });
+    FormDriver(*list).Click("mnuFilter");
+    list->ShowOutstanding("(Security = true)");
+    ASSERT_TRUE(list->OutstandingShown());
+    list->PrepareMenuOpen(true);
+    EXPECT_FALSE(list->mnuFilter.Checked() || list->OutstandingShown());
+    EXPECT_EQ(list->tblUsers.RecordCount(), 3);
+    EXPECT_EQ(FormDriver(app, "frmUsersFilter").Text("editUserName"), "");
+}

@@ -29,7 +29,9 @@ public:
         btnDone.OnClick = [this] { Close(); };
         OnClose = [](CloseAction& action) { action = CloseAction::Free; };
     }
+    ~ScratchForm() override { ++Destroyed; }
     Button btnDone{*this, "btnDone", "Done"};
+    static inline int Destroyed = 0;
 };
 
 class Forms : public UiTest {
@@ -60,16 +62,24 @@ TEST_F(Forms, AFormIsMadeOnceAndFoundByItsComponentName) {
     EXPECT_THROW(app.GetForm("frmCustomers"), ScriptError);
 }
 
-TEST_F(Forms, AFormThatFreesItselfLivesUntilItsEventIsOver) {
+// Its handler is still running, so the object stays; its name is free at once, so that the same
+// event can make the next one (a dialog shown, freed and shown again from one click).
+TEST_F(Forms, AFormThatFreesItselfLivesUntilItsEventIsOverButItsNameIsFreeAtOnce) {
+    ScratchForm::Destroyed = 0;
     auto& scratch = app.CreateForm<ScratchForm>();
     scratch.Show();
-    bool stillThere = false;
+    int destroyedInEvent = -1;
+    bool foundInEvent = true;
     app.Run([&] {
         FormDriver(scratch).Click("btnDone");
-        stillThere = app.FindForm("frmScratch") != nullptr;
+        destroyedInEvent = ScratchForm::Destroyed;
+        foundInEvent = app.FindForm("frmScratch") != nullptr;
+        app.CreateForm<ScratchForm>().Show();
     });
-    EXPECT_TRUE(stillThere);
-    EXPECT_EQ(app.FindForm("frmScratch"), nullptr);
+    EXPECT_EQ(destroyedInEvent, 0);
+    EXPECT_FALSE(foundInEvent);
+    EXPECT_EQ(ScratchForm::Destroyed, 1);
+    EXPECT_NE(app.FindForm("frmScratch"), nullptr); // the second one
 }
 
 TEST_F(Forms, TheApplicationDestroysTheFormsItMadeAndOnlyThose) {

@@ -7,6 +7,7 @@
 #include "ui/Edit.h"
 #include "ui/Form.h"
 #include "ui/Label.h"
+#include "ui/ListBox.h"
 #include "ui/ProgressBar.h"
 #include "ui/RadioGroup.h"
 #include "ui/ScriptError.h"
@@ -137,6 +138,52 @@ TEST_F(Driver, ProgressAndStatusReadAsText) {
     status.SimplePanel = true;
     status.SimpleText = "Posting...";
     EXPECT_EQ(d.Text("sbrMain"), "Posting...");
+}
+
+// A pick list: a click names the item in the edit, a double click opens it.
+class PickForm : public Form {
+public:
+    explicit PickForm(Application& app) : Form(app, "frmPick") {
+        lboNames.Sorted = true;
+        lboNames.SetItems({"Echo", "alpha", "Charlie"});
+        lboNames.OnClick = [this] { editName.SetText(lboNames.Text()); };
+        lboNames.OnDblClick = [this] { Opened.push_back(lboNames.Text()); };
+        SetLayout(Column{editName, lboNames});
+    }
+    std::vector<std::string> Opened;
+    Edit editName{*this, "editName"};
+    ListBox lboNames{*this, "lboNames"};
+};
+
+TEST_F(Driver, AListBoxItemIsClickedByItsTextAndDoubleClickedWhereSelected) {
+    PickForm form(app);
+    form.Show();
+    FormDriver d(form);
+    EXPECT_EQ(d.Text("lboNames"), "") << "nothing is selected yet";
+    EXPECT_THROW(d.DblClick("lboNames"), ScriptError) << "no item to double-click";
+
+    d.Choose("lboNames", "charlie"); // letter case aside, as the list compares
+    EXPECT_EQ(form.lboNames.ItemIndex(), 1);
+    EXPECT_EQ(d.Text("lboNames"), "Charlie");
+    EXPECT_EQ(d.Text("editName"), "Charlie") << "the click ran the list's OnClick";
+    EXPECT_EQ(d.FocusedName(), "lboNames");
+
+    d.PressKey(Key::Down);
+    EXPECT_EQ(d.Text("lboNames"), "Echo");
+    d.DblClick("lboNames");
+    EXPECT_EQ(form.Opened, std::vector<std::string>{"Echo"});
+
+    try {
+        d.Choose("lboNames", "Delta");
+        ADD_FAILURE() << "an item that is not in the list was chosen";
+    } catch (const ScriptError& e) {
+        EXPECT_STREQ(e.what(), "ListBox 'lboNames' on form 'frmPick' has no item 'Delta'");
+    }
+    EXPECT_EQ(d.Text("lboNames"), "Echo") << "a failed choice leaves the selection";
+    form.lboNames.Enabled = false;
+    EXPECT_THROW(d.Choose("lboNames", "alpha"), ScriptError);
+    EXPECT_THROW(d.DblClick("editName"), ScriptError) << "an edit has no double click";
+    EXPECT_EQ(form.Opened.size(), 1u);
 }
 
 } // namespace

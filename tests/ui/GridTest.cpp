@@ -144,16 +144,62 @@ TEST_F(GridOverTable, TheRowIndexIsKnownAfterTheGridsOwnMoves) {
     d.PressKey(Key::PageDown);
     EXPECT_EQ(grid.RowIndex(), 11 + grid.VisibleRows - 1);
     EXPECT_EQ(d.GridRow("grdVendors")[0], VendorNo(12 + grid.VisibleRows - 1));
-    // Somebody else moved the cursor: the grid no longer knows where it is...
+    // Somebody else moved the cursor: the grid asks the cursor where it stands now.
     form.tblVendor.Locate("VendorNo", {VendorNo(700)});
-    EXPECT_EQ(grid.RowIndex(), std::nullopt);
+    EXPECT_EQ(grid.RowIndex(), 699);
     EXPECT_EQ(d.Text("grdVendors"), VendorNo(700) + " | Name " + VendorNo(VendorCount + 1 - 700));
-    // ...until it is at the top again.
+    d.PressKey(Key::Up);
+    EXPECT_EQ(grid.RowIndex(), 698);
     d.PressKey(Key::Home);
     EXPECT_EQ(grid.RowIndex(), 0);
     EXPECT_EQ(d.GridRow("grdVendors")[0], VendorNo(1));
     grid.Rows(0, 30);
     EXPECT_EQ(grid.RowIndex(), 0);
+}
+
+TEST_F(GridOverTable, ARowMovedByCodeIsPlacedByCountingOnTheIndexWithoutAScan) {
+    VendorsForm form(app, db_);
+    form.Show();
+    FormDriver d(form);
+    auto& grid = form.grdVendors;
+    auto& t = form.tblVendor;
+    auto& conn = db_.Conn();
+    auto fullBefore = conn.FullScanSteps();
+
+    // In name order the numbers run backwards.
+    t.SetIndexName("VendorName1");
+    ASSERT_TRUE(t.Locate("VendorNo", {VendorNo(2900)}));
+    EXPECT_EQ(grid.RowIndex(), 100);
+    d.PressKey(Key::End);
+    EXPECT_EQ(grid.RowIndex(), VendorCount - 1);
+    t.First();
+    EXPECT_EQ(grid.RowIndex(), 0);
+    t.Last();
+    t.MoveBy(-9);
+    EXPECT_EQ(grid.RowIndex(), VendorCount - 10);
+    EXPECT_EQ(conn.FullScanSteps() - fullBefore, 0);
+
+    // Within a range the count starts at the range.
+    t.SetIndexName("VendorNo");
+    t.SetRange({VendorNo(1000)}, {VendorNo(1999)});
+    ASSERT_TRUE(t.Locate("VendorNo", {VendorNo(1500)}));
+    EXPECT_EQ(grid.RowIndex(), 500);
+    t.CancelRange();
+
+    // A filter handler decides row by row, and a record in edit has no place yet: the grid does
+    // not pretend to know.
+    t.OnFilterRecord = [](store::DataSet& ds) {
+        return ds.FieldByName("VendorID").AsInteger() > 1;
+    };
+    t.SetFiltered(true);
+    ASSERT_TRUE(t.Locate("VendorNo", {VendorNo(1500)}));
+    EXPECT_EQ(grid.RowIndex(), std::nullopt);
+    t.SetFiltered(false);
+    ASSERT_TRUE(t.Locate("VendorNo", {VendorNo(20)}));
+    t.Edit();
+    EXPECT_EQ(grid.RowIndex(), std::nullopt);
+    t.Cancel();
+    EXPECT_EQ(grid.RowIndex(), 19);
 }
 
 TEST_F(GridOverTable, TitleClicksReachTheFormAndUnknownColumnsAreNamed) {

@@ -1,16 +1,15 @@
 #include "cli/demo/DemoForms.h"
 
-#include "cli/FormRegistry.h"
 #include "cli/demo/DemoUsersForm.h"
+#include "shell/main/FormRegistry.h"
 #include "ui/Application.h"
 
 namespace corvane::cli::demo {
 
-void RegisterDemoForms(FormRegistry& registry) {
-    registry.Register("frmDemoUsers", [](FormContext& ctx) -> ui::Form& {
+void RegisterDemoForms(shell::FormRegistry& registry) {
+    registry.Register("frmDemoUsers", [](shell::FormContext& ctx) -> ui::Form& {
         return ctx.App.SingleForm<DemoUsersForm>(ctx.Db);
     });
-    registry.RegisterMenu("Security, Users (demo)", "frmDemoUsers");
 }
 
 } // namespace corvane::cli::demo

@@ -1,12 +1,12 @@
 #pragma once
 
-namespace corvane::cli {
+namespace corvane::shell {
 class FormRegistry;
 }
 
 namespace corvane::cli::demo {
 
-// The demonstration forms: "frmDemoUsers", also under the menu entry "Security, Users (demo)".
-void RegisterDemoForms(FormRegistry& registry);
+// The demonstration forms: "frmDemoUsers".
+void RegisterDemoForms(shell::FormRegistry& registry);
 
 } // namespace corvane::cli::demo

@@ -2,6 +2,7 @@
 
 #include "shell/patterns/FilterTerms.h"
 #include "shell/patterns/ListForm.h"
+#include "ui/Host.h"
 
 #include <algorithm>
 
@@ -77,10 +78,10 @@ FilterForm::FilterForm(ui::Application& app, std::string name, ListForm& list)
         saved_.clear();
         for (const auto& criterion : criteria_)
             saved_.push_back(criterion->Save());
-        if (list_.Left >= 0 && list_.ClientWidth > 0 && ClientWidth > 0) {
-            Left = std::max(0, list_.Left + (list_.ClientWidth - ClientWidth) / 2);
-            Top = std::max(0, list_.Top + (list_.ClientHeight - ClientHeight) / 2);
-        }
+        // A closed list has no place on the screen; whoever opens the dialog then places it.
+        if (list_.Visible() && list_.Left >= 0 && list_.ClientWidth > 0 && ClientWidth > 0)
+            CentreOn(ui::ScreenRect{list_.Left, std::max(list_.Top, 0), list_.ClientWidth,
+                                    list_.ClientHeight});
     };
 }
 
@@ -115,7 +116,7 @@ std::string FilterForm::Expression() const {
 
 void FilterForm::Apply() {
     std::string expression = Expression();
-    store::Table& table = list_.MainTable;
+    store::DataSet& table = list_.MainDataSet();
     if (expression.empty()) {
         list_.mnuFilter.SetChecked(false);
         table.SetFiltered(false);

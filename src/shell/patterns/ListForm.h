@@ -1,6 +1,7 @@
 #pragma once
 
 #include "store/Database.h"
+#include "store/Query.h"
 #include "store/Table.h"
 #include "store/Value.h"
 #include "ui/Form.h"
@@ -20,14 +21,26 @@ class FilterForm;
 class FindForm;
 class SearchForm;
 
-// A form that lists the rows of one table in a read-only grid, with the record commands (New,
-// Edit, Delete), the filter and find dialogs, and a sort order per indexed column. A subclass
-// names its columns and sort entries and says which entry, filter, find and search forms belong
-// to it; everything else a list does is here.
+// A form that lists rows in a read-only grid, with the record commands (New, Edit, Delete), the
+// filter and find dialogs, and a sort order per indexed column. The rows come from one table or,
+// for lists that show sums or joined columns, from a query. A subclass names its columns and sort
+// entries and says which entry, filter, find and search forms belong to it; everything else a
+// list does is here.
 class ListForm : public ui::Form {
 public:
+    // A list over the table tableName, whose cursor is MainTable.
     ListForm(ui::Application& app, std::string name, std::string title, store::Database& db,
              std::string tableName, std::string tableComponentName, std::string keyFields);
+
+    // The SELECT of a list over a query, without its ORDER BY: the sort entries add that.
+    struct QuerySource {
+        std::string Select;
+        std::string ComponentName;
+    };
+    // A list over a query, whose cursor is MainQuery. Its rows are read-only; the records are
+    // written through the entry form's table, and the list re-reads the query after.
+    ListForm(ui::Application& app, std::string name, std::string title, store::Database& db,
+             QuerySource query, std::string keyFields);
     ~ListForm() override;
 
     store::Database& Db() const { return db_; }
@@ -36,8 +49,20 @@ public:
     const std::string& KeyFields() const { return keyFields_; }
     // The key of the current row.
     std::vector<store::Value> CurrentKey();
+    bool OverQuery() const { return overQuery_; }
+    // The cursor the grid shows: MainTable, or MainQuery for a list over a query.
+    store::DataSet& MainDataSet() const { return main_; }
+    // The table index of the order in force; for a list over a query the index the sort entry
+    // names as its like. A search form opened from the list starts in it.
+    std::string SortIndexName() const;
 
+private:
+    store::DataSet& main_; // before the grid, which binds to it
+
+public:
+    // Only one of the two is opened, by the constructor that was called.
     store::Table MainTable;
+    store::Query MainQuery;
 
     ui::MainMenu mnuMain{*this};
     ui::MenuItem mnuFile{mnuMain, "mnuFile", "&File"};
@@ -52,6 +77,8 @@ public:
     ui::MenuItem mnuView{mnuMain, "mnuView", "&View"};
     ui::MenuItem mnuFilter{mnuView, "mnuFilter", "F&ilter...", "Ctrl+L"};
     ui::MenuItem mnuSortBy{mnuView, "mnuSortBy", "&Sort by"};
+    // Shown by the lists that can narrow to what is still open (invoices, cheques).
+    ui::MenuItem mnuOutstanding{mnuView, "mnuOutstanding", "&Outstanding"};
     ui::MenuItem mnuRefresh{mnuView, "mnuRefresh", "&Refresh", "F5"};
     ui::MenuItem mnuHelp{mnuMain, "mnuHelp", "&Help"};
     ui::PopupMenu popList{*this, "popList"};
@@ -64,14 +91,25 @@ public:
     ui::ToolButton tbnDelete{tlbList, "tbnDelete", mnuDelete};
     ui::ToolButton tbnFilter{tlbList, "tbnFilter", mnuFilter};
     ui::ToolButton tbnFind{tlbList, "tbnFind", mnuFind};
-    ui::Grid grdList{*this, "grdList", MainTable};
+    ui::Grid grdList{*this, "grdList", main_};
 
-    // A sort order: the entry under Sort by, the column it sorts and the index it selects ("" for
-    // the primary one). A click on that column's title runs it.
+    // A sort order of a table list: the entry under Sort by, the column it sorts and the index it
+    // selects ("" for the primary one). A click on that column's title runs it.
     ui::MenuItem& AddSortEntry(std::string itemName, std::string caption, std::string fieldName,
                                std::string indexName);
+    // A sort order of a query list: the query is read again with orderBy as its ORDER BY.
+    // indexName is the table index of the same order, for the search form.
+    ui::MenuItem& AddQuerySortEntry(std::string itemName, std::string caption,
+                                    std::string fieldName, std::string orderBy,
+                                    std::string indexName = {});
     // Sets the caption and goes to the first row: at each show and after the filter changed.
     void ShowList();
+    // Reads the rows again and stays on the row it stood on, when that is still there.
+    void RefreshList();
+
+    // The size the list took when it first showed; a double click on the tool bar returns to it.
+    int StartWidth() const { return startWidth_; }
+    int StartHeight() const { return startHeight_; }
 
     // The record commands; the menu, tool bar, popup and keys run these.
     void NewRecord();
@@ -81,6 +119,16 @@ public:
     void OpenFind();
     // Opens the search form with the typed character and locates the row it returns.
     void SearchFrom(char firstChar);
+
+    // The main menu opens a list afresh: with refresh the rows are read again; the filter dialog
+    // is reset, and the filter and the outstanding view are switched off.
+    void PrepareMenuOpen(bool refresh);
+    // Only what is still open: mnuOutstanding checked and filter in force.
+    void ShowOutstanding(const std::string& filter);
+    bool OutstandingShown() const { return mnuOutstanding.Checked(); }
+    // The filter dialog first, reset and centred on the screen; the list shows when it is
+    // confirmed.
+    void RunFilterFirst();
 
 protected:
     // The entry form of this list, made once and kept.
@@ -97,18 +145,30 @@ private:
         std::unique_ptr<ui::MenuItem> Item;
         std::string FieldName;
         std::string IndexName;
+        std::string OrderBy; // query lists only
     };
+    ui::MenuItem& AddSort(SortEntry entry, std::string itemName, std::string caption);
+    void Init();
     void Sort(SortEntry& entry);
     void TitleClicked(ui::GridColumn& column);
     void GridKeyPress(char& ch);
-    void SizeToColumns();
+    // At creation: the columns to the screen's density, the width to them, the place on screen.
+    void FitToColumns();
+    // At the first show: twelve rows high; the size is remembered.
+    void FitRowsAtFirstShow();
+    void RestoreStartSize();
     void FollowSaves(EntryForm& entry);
 
     store::Database& db_;
     std::string title_;
     std::string keyFields_;
+    bool overQuery_ = false;
+    FilterForm* filterForm_ = nullptr; // once made
+    std::string select_;
     std::vector<SortEntry> sorts_;
+    int sortInForce_ = -1; // index into sorts_
     bool shownOnce_ = false;
+    int startWidth_ = 0, startHeight_ = 0;
 };
 
 } // namespace corvane::shell

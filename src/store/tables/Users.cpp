@@ -3,12 +3,13 @@
 namespace corvane::store::tables {
 
 // Rows exist only when security is active. Each boolean field is one access right, named by the
-// right's key.
+// right's key. Password holds a salted hash of what the user typed (at most 30 characters), never
+// the text itself.
 const TableDef& Users() {
     static const TableDef def{
         "Users",
         {
-            {"UserName", FieldType::String, 30},   {"Password", FieldType::String, 30},
+            {"UserName", FieldType::String, 30},   {"Password", FieldType::String, 128},
             {"Security", FieldType::Boolean},      {"YourCompany", FieldType::Boolean},
             {"Banks", FieldType::Boolean},         {"BankBook", FieldType::Boolean},
             {"BankRec", FieldType::Boolean},       {"Currencies", FieldType::Boolean},

@@ -1,29 +1,18 @@
-#include "cli/FormRegistry.h"
+#include "shell/main/FormRegistry.h"
 
-#include "cli/ShellForms.h"
-#include "cli/demo/DemoForms.h"
 #include "ui/Caption.h"
 
 #include <cctype>
 
-namespace corvane::cli {
+namespace corvane::shell {
 
 void FormRegistry::Register(std::string componentName, FormFactory factory) {
     factories_[std::move(componentName)] = std::move(factory);
 }
 
-void FormRegistry::RegisterMenu(std::string_view menuPath, std::string componentName) {
-    menus_[NormalMenuPath(menuPath)] = std::move(componentName);
-}
-
 const FormFactory* FormRegistry::Find(std::string_view componentName) const {
     auto it = factories_.find(componentName);
     return it == factories_.end() ? nullptr : &it->second;
-}
-
-std::string FormRegistry::FormOfMenu(std::string_view menuPath) const {
-    auto it = menus_.find(NormalMenuPath(menuPath));
-    return it == menus_.end() ? std::string() : it->second;
 }
 
 std::vector<std::string> FormRegistry::FormNames() const {
@@ -53,9 +42,4 @@ std::string FormRegistry::NormalMenuPath(std::string_view menuPath) {
     return out;
 }
 
-void RegisterProgramForms(FormRegistry& registry) {
-    RegisterShellForms(registry);
-    demo::RegisterDemoForms(registry);
-}
-
-} // namespace corvane::cli
+} // namespace corvane::shell
