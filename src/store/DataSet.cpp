@@ -318,12 +318,28 @@ std::vector<Value> DataSet::LookupValues(std::string_view keyFields,
     auto results = FieldIndexes(resultFields);
     auto row = DoLocate(indexes, keys, false);
     std::vector<Value> out;
-    for (int r : results) {
-        if (!row || r >= storedCount_)
-            out.emplace_back();
-        else
+    if (!row) return std::vector<Value>(results.size());
+    bool calculated = false;
+    for (int r : results)
+        calculated = calculated || r >= storedCount_;
+    if (!calculated) {
+        for (int r : results)
             out.push_back(row->Values[static_cast<std::size_t>(r)]);
+        return out;
     }
+    // A calculated result needs the found row in the record buffer for its handler; the current
+    // record is put back afterwards, whatever happens.
+    std::vector<Value> saved = buffer_;
+    try {
+        std::copy(row->Values.begin(), row->Values.end(), buffer_.begin());
+        CalculateFields();
+        for (int r : results)
+            out.push_back(buffer_[static_cast<std::size_t>(r)]);
+    } catch (...) {
+        buffer_ = std::move(saved);
+        throw;
+    }
+    buffer_ = std::move(saved);
     return out;
 }
 

@@ -185,6 +185,26 @@ TEST_F(TableEdit, CalculatedAndLookupFieldsFollowTheRecord) {
     t.Cancel();
 }
 
+// A look-up of a calculated field gives the found row's value and leaves the current record.
+TEST_F(TableEdit, LookupOfACalculatedFieldComputesItForTheFoundRow) {
+    Table t(db_, "Vendor");
+    t.AddCalculatedField("Label", FieldType::String, 60);
+    t.OnCalcFields = [](DataSet& ds) {
+        ds.FieldByName("Label").SetAsString(ds.FieldByName("VendorNo").AsString() + ": " +
+                                            ds.FieldByName("VendorName").AsString());
+    };
+    t.Open();
+    AddVendor(t, 1, "100", "Acme");
+    AddVendor(t, 2, "200", "Brick");
+    t.Locate("VendorID", {Value(1)});
+    EXPECT_EQ(t.Lookup("VendorID", {Value(2)}, "Label"), Value("200: Brick"));
+    EXPECT_EQ(t.LookupValues("VendorID", {Value(2)}, "VendorName;Label"),
+              (std::vector<Value>{Value("Brick"), Value("200: Brick")}));
+    EXPECT_TRUE(t.Lookup("VendorID", {Value(3)}, "Label").IsNull());
+    EXPECT_EQ(t.FieldByName("Label").AsString(), "100: Acme");
+    EXPECT_EQ(t.FieldByName("VendorID").AsInteger(), 1);
+}
+
 TEST_F(TableEdit, ARowChangedOrDeletedByAnotherCursorRefusesTheEdit) {
     Table a(db_, "Vendor"), b(db_, "Vendor");
     a.Open();
