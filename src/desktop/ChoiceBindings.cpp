@@ -1,6 +1,7 @@
 #include "desktop/ChoiceBindings.h"
 
 #include "desktop/FormWindow.h"
+#include "desktop/LinkLabel.h"
 #include "ui/Button.h"
 #include "ui/Caption.h"
 #include "ui/CheckBox.h"
@@ -28,13 +29,17 @@ QString Q(const std::string& text) {
 // ----- label
 
 LabelBinding::LabelBinding(FormWindow& window, ui::Label& label)
-    : ControlBinding(window, label), label_(label), text_(new QLabel) {}
+    : ControlBinding(window, label), label_(label), text_(new LinkLabel) {
+    // A click on a link label is an event of the form like any other.
+    text_->Clicked = [this] { UserEvent([this] { label_.Click(); }); };
+}
 
 QWidget* LabelBinding::Widget() const {
     return text_;
 }
 
 void LabelBinding::PullState() {
+    text_->SetLink(static_cast<bool>(label_.OnClick));
     if (label_.FocusControl) {
         if (ControlBinding* target = Window().BindingOf(*label_.FocusControl))
             text_->setBuddy(target->FocusWidget());

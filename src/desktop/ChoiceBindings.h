@@ -30,7 +30,7 @@ protected:
 
 private:
     ui::Label& label_;
-    QLabel* text_;
+    LinkLabel* text_;
 };
 
 class ButtonBinding : public ControlBinding {

@@ -119,7 +119,7 @@ TEST_F(CompanyDatabaseTest, AnExistingDatabaseIsOnlyLinkedAfterTheUserAgrees) {
     EXPECT_EQ(afterNo, (std::vector<std::string>{"Sample Data"}));
     ASSERT_EQ(Shown().size(), 2u);
     EXPECT_EQ(Shown()[0], "The specified folder already contains a database. Create a company "
-                          "shortcut to it?\r\rThis would be expected if setting up multiple "
+                          "shortcut to it?\n\nThis would be expected if setting up multiple "
                           "workstations to access a shared database on a network.");
     EXPECT_EQ(FolderOf("Acme"), shared);
     // The database is there already: it is opened, never made again.
@@ -138,7 +138,7 @@ TEST_F(CompanyDatabaseTest, EditingChecksTheFolderHoldsADatabase) {
         d.Click("btnCancel");
     });
     EXPECT_EQ(result, ui::mrCancel);
-    const std::string note = "\r\rThis option will not move or create a database, but it can be "
+    const std::string note = "\n\nThis option will not move or create a database, but it can be "
                              "used to update a company shortcut after a database has been moved.";
     EXPECT_EQ(Shown(),
               (std::vector<std::string>{"The specified folder does not exist. The folder must "
@@ -207,7 +207,7 @@ TEST_F(CompanyDatabaseTest, OnAServerTheNameIsADatabaseNameThatTheServerMustList
     });
     EXPECT_EQ(Shown(), (std::vector<std::string>{
                            "Database Name must be entered",
-                           "The specified database does not exist on the server.\r\rThe database "
+                           "The specified database does not exist on the server.\n\nThe database "
                            "name must previously have been added via the Server Administration "
                            "Utility.",
                        }));

@@ -82,8 +82,8 @@ TEST_F(WelcomeTest, OwnCompanyBeforeTheSampleIsRefusedAndPointsBackToTheSample) 
     });
     EXPECT_EQ(result, ui::mrCancel);
     EXPECT_EQ(Shown(), (std::vector<std::string>{
-                           "Please choose Sample Data before setting up your live data.\r\rYou "
-                           "can set up your own company next time or from the menu.\rThen you can "
+                           "Please choose Sample Data before setting up your live data.\n\nYou "
+                           "can set up your own company next time or from the menu.\nThen you can "
                            "switch between your live data and sample data for experimenting and "
                            "learning."}));
     EXPECT_TRUE(shell.Calls.empty());

@@ -21,11 +21,15 @@ TEST(UserRights, RightsAreExactlyTheBooleansOfUsersAndCoverEveryMenuGuard) {
         EXPECT_EQ(field->Type, FieldType::Boolean) << right.Field;
         EXPECT_TRUE(fields.insert(std::string(right.Field)).second) << "twice: " << right.Field;
     }
-    for (const auto& field : users.Fields)
-        if (field.Type == FieldType::Boolean)
+    for (const auto& field : users.Fields) {
+        if (field.Type == FieldType::Boolean) {
             EXPECT_NE(UserRights::Find(field.Name), nullptr) << field.Name << " is no right";
+        }
+    }
     EXPECT_EQ(fields.size(), 44u);
     for (const auto& entry : corvane::shell::MainMenuEntries())
-        if (!entry.Right.empty()) EXPECT_NE(UserRights::Find(entry.Right), nullptr) << entry.Path;
+        if (!entry.Right.empty()) {
+            EXPECT_NE(UserRights::Find(entry.Right), nullptr) << entry.Path;
+        }
     EXPECT_EQ(UserRights::Find("password"), nullptr);
 }

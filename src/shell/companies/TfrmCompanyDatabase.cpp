@@ -83,7 +83,7 @@ bool TfrmCompanyDatabase::ServerHasDatabase(const std::string&) {
 
 void TfrmCompanyDatabase::CheckServerHasDatabase(const std::string& name) {
     if (!ServerHasDatabase(name))
-        Refuse(editDatabase, "The specified database does not exist on the server.\r\rThe "
+        Refuse(editDatabase, "The specified database does not exist on the server.\n\nThe "
                              "database name must previously have been added via the Server "
                              "Administration Utility.");
 }
@@ -118,11 +118,11 @@ void TfrmCompanyDatabase::Save() {
             CheckServerHasDatabase(folder);
         } else if (!std::filesystem::is_directory(folder, error)) {
             Refuse(editDatabase, std::string("The specified folder does not exist. The folder "
-                                             "must exist and contain an existing database.\r\r") +
+                                             "must exist and contain an existing database.\n\n") +
                                      kMovedDatabaseNote);
         } else if (!HoldsCompanyDatabase(folder)) {
             Refuse(editDatabase,
-                   std::string("The specified folder does not contain an existing database.\r\r") +
+                   std::string("The specified folder does not contain an existing database.\n\n") +
                        kMovedDatabaseNote);
         }
     } else if (remote) {
@@ -130,7 +130,7 @@ void TfrmCompanyDatabase::Save() {
     } else if (HoldsCompanyDatabase(folder)) {
         // A second workstation adds its own shortcut to a shared database this way.
         if (App().MessageDlg("The specified folder already contains a database. Create a company "
-                             "shortcut to it?\r\rThis would be expected if setting up multiple "
+                             "shortcut to it?\n\nThis would be expected if setting up multiple "
                              "workstations to access a shared database on a network.",
                              ui::MsgType::Confirmation, {ui::mbYes, ui::mbNo}) != ui::mbYes)
             return;

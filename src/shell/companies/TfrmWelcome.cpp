@@ -47,8 +47,8 @@ void TfrmWelcome::OpenSample(const std::string& folder) {
 
 void TfrmWelcome::SetUpOwnCompany(const std::string& sampleFolder) {
     if (!HoldsCompanyDatabase(sampleFolder)) {
-        App().MessageDlg("Please choose Sample Data before setting up your live data.\r\rYou can "
-                         "set up your own company next time or from the menu.\rThen you can "
+        App().MessageDlg("Please choose Sample Data before setting up your live data.\n\nYou can "
+                         "set up your own company next time or from the menu.\nThen you can "
                          "switch between your live data and sample data for experimenting and "
                          "learning.",
                          ui::MsgType::Information, {ui::mbOK});

@@ -1,0 +1,12 @@
+#include "ledger/LedgerForms.h"
+
+namespace corvane::ledger {
+
+void RegisterLedgerForms(shell::FormRegistry& registry) {
+    RegisterPeriodForms(registry);
+    RegisterAccountForms(registry);
+    RegisterVoucherForms(registry);
+    RegisterPostingForms(registry);
+}
+
+} // namespace corvane::ledger
