@@ -13,6 +13,7 @@
 #include "store/tables/CompanyDatabase.h"
 #include "ui/Application.h"
 #include "ui/MenuItem.h"
+#include "ui/TfrmCalendar.h"
 
 #include <QApplication>
 #include <QDir>
@@ -148,6 +149,8 @@ int main(int argc, char* argv[]) {
         QMessageBox::critical(nullptr, "Corvane", QString::fromStdString(e.what()));
         return 1;
     }
+    // The date picker lives for the whole run, ready for every date box.
+    app.SingleForm<ui::TfrmCalendar>();
     main->OnTerminate = [] { QTimer::singleShot(0, [] { QApplication::quit(); }); };
     // Armed first, so that it also catches a window of the start-up, such as the welcome.
     if (!options.Screenshot.empty()) Screenshot(host, app, options);

@@ -153,6 +153,24 @@ TEST_F(MainFormTest, OpeningRefusesMissingFoldersFoldersWithoutADatabaseAndOther
     EXPECT_FALSE(main.SessionActive());
 }
 
+// The one repair the program makes by itself: a damaged Company table, and a place-holder row
+// when nothing of it could be read back, so that the rest of the system still works.
+TEST_F(MainFormTest, ADamagedCompanyTableIsRepairedAndGetsAPlaceHolderRow) {
+    MarkCompany("2017.8");
+    DamageObject("Company");
+    auto& main = Main();
+    EXPECT_TRUE(main.OpenCompany("", folder_.Path()));
+    ASSERT_GE(dialogs.Shown().size(), 1u);
+    const auto& warning = dialogs.Shown().front();
+    EXPECT_EQ(warning.Type, ui::MsgType::Warning);
+    EXPECT_TRUE(warning.Text.starts_with("Error opening database '" + folder_.Path() + "'...\n\n"))
+        << warning.Text;
+    EXPECT_TRUE(warning.Text.ends_with("\n\nThe program will now attempt to repair it."))
+        << warning.Text;
+    EXPECT_EQ(main.tblCompany.FieldByName("CompanyName").AsString(), "Data lost: please re-enter");
+    EXPECT_EQ(main.tblCompany.FieldByName("FiscalYear").AsInteger(), 1990);
+}
+
 TEST_F(MainFormTest, AnEmptyCompanyTableOpensAndTheSampleIsKnownByItsName) {
     auto& main = Main();
     EXPECT_TRUE(main.OpenCompany("", folder_.Path())); // the wizard has not run yet

@@ -29,29 +29,6 @@ protected:
         tx.Commit();
     }
 
-    // Writes garbage over the first page of a table or index, as a failing disk would.
-    void Damage(const std::string& objectName) {
-        std::int64_t page = 0, pageSize = 0;
-        {
-            Statement s(db_.Conn(), "SELECT rootpage FROM sqlite_schema WHERE name = ?1");
-            s.Bind(1, Value(objectName));
-            ASSERT_TRUE(s.Step());
-            page = s.ColumnInt(0);
-            Statement p(db_.Conn(), "PRAGMA page_size");
-            p.Step();
-            pageSize = p.ColumnInt(0);
-        }
-        db_.Close();
-        {
-            std::fstream f(folder_.Path() + "/company.DAT",
-                           std::ios::in | std::ios::out | std::ios::binary);
-            f.seekp((page - 1) * pageSize);
-            std::string garbage(static_cast<std::size_t>(pageSize), '\xA5');
-            f.write(garbage.data(), static_cast<std::streamsize>(garbage.size()));
-        }
-        db_.Open();
-    }
-
     int ReadAllCode(const std::string& index) {
         try {
             Table t(db_, "Customer");
@@ -91,7 +68,7 @@ TEST_F(Maintenance, RepairAndPackNeedTheTableToThemselves) {
 }
 
 TEST_F(Maintenance, ADamagedIndexIsReportedAndRebuilt) {
-    Damage("Customer@CustomerName1");
+    DamageObject("Customer@CustomerName1");
     EXPECT_EQ(ReadAllCode("CustomerName1"), errTableCorrupt);
     EXPECT_FALSE(VerifyTable(db_, "Customer").empty());
     auto result = RepairTable(db_, "Customer");
@@ -103,7 +80,7 @@ TEST_F(Maintenance, ADamagedIndexIsReportedAndRebuilt) {
 }
 
 TEST_F(Maintenance, DamagedRowsAreSalvagedAsFarAsTheyRead) {
-    Damage("Customer");
+    DamageObject("Customer");
     EXPECT_EQ(ReadAllCode(""), errTableCorrupt);
     auto result = RepairTable(db_, "Customer");
     EXPECT_TRUE(result.WasDamaged);

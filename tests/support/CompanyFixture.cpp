@@ -1,8 +1,11 @@
 #include "support/CompanyFixture.h"
 
+#include "store/sql/Connection.h"
 #include "store/tables/CompanyDatabase.h"
 
 #include <cstdlib>
+#include <fstream>
+#include <stdexcept>
 #include <unistd.h>
 
 namespace corvane::testing {
@@ -61,6 +64,28 @@ void CompanyTest::FillGLHistLine(store::Table& t, int jvNumber, corvane::Date da
     t.FieldByName("JVNumber").SetAsInteger(jvNumber);
     t.FieldByName("TransDate").SetAsDate(date);
     t.FieldByName("Amount").SetAsMoney(amount);
+}
+
+void CompanyTest::DamageObject(const std::string& objectName) {
+    std::int64_t page = 0, pageSize = 0;
+    {
+        store::Statement s(db_.Conn(), "SELECT rootpage FROM sqlite_schema WHERE name = ?1");
+        s.Bind(1, store::Value(objectName));
+        if (!s.Step()) throw std::runtime_error("no object " + objectName);
+        page = s.ColumnInt(0);
+        store::Statement p(db_.Conn(), "PRAGMA page_size");
+        p.Step();
+        pageSize = p.ColumnInt(0);
+    }
+    db_.Close();
+    {
+        std::fstream f(folder_.Path() + "/company.DAT",
+                       std::ios::in | std::ios::out | std::ios::binary);
+        f.seekp((page - 1) * pageSize);
+        std::string garbage(static_cast<std::size_t>(pageSize), '\xA5');
+        f.write(garbage.data(), static_cast<std::streamsize>(garbage.size()));
+    }
+    db_.Open();
 }
 
 } // namespace corvane::testing

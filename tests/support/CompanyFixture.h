@@ -37,6 +37,9 @@ protected:
     std::int64_t CountRows(const std::string& table);
     // Fills the required fields of a GLHist line in insert: account 1, period 1 of 2017, source
     // "GL", the given voucher number, date and amount.
+    // Writes garbage over the first page of a table or index of the company, as a failing disk
+    // would; the test's own database is closed and opened again around it.
+    void DamageObject(const std::string& objectName);
     static void FillGLHistLine(store::Table& t, int jvNumber, corvane::Date date,
                                corvane::Money amount);
 
