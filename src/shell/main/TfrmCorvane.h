@@ -173,6 +173,8 @@ private:
     bool IsKeptForm(const ui::Form& form) const;
     bool SurvivesCompanyChange(const ui::Form& form) const;
     void CloseSession();
+    // The one Company row, of this program's version.
+    void AddCompanyRow(const std::string& name, int fiscalYear);
 
     const FormRegistry& registry_;
     std::vector<std::string> commandLine_;

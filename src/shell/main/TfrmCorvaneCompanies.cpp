@@ -156,12 +156,7 @@ bool TfrmCorvane::OpenCompanyTable(const std::string& head) {
         store::RepairTable(Database, "Company");
         tblCompany.Open();
         if (tblCompany.IsEmpty()) {
-            tblCompany.Append();
-            tblCompany.FieldByName("CompanyNo").SetAsInteger(1);
-            tblCompany.FieldByName("CompanyName").SetAsString("Data lost: please re-enter");
-            tblCompany.FieldByName("FiscalYear").SetAsInteger(1990);
-            tblCompany.FieldByName("ApplicationVersion").SetAsString(VersionMark);
-            tblCompany.Post();
+            AddCompanyRow("Data lost: please re-enter", 1990);
             tblCompany.Refresh();
         }
         return true;
@@ -228,18 +223,22 @@ void TfrmCorvane::RunGettingStarted(const std::string& companyName) {
         tblCompany.IsEmpty() ? std::string() : tblCompany.FieldByName("CompanyName").AsString();
 }
 
+void TfrmCorvane::AddCompanyRow(const std::string& name, int fiscalYear) {
+    tblCompany.Append();
+    tblCompany.FieldByName("CompanyNo").SetAsInteger(1);
+    tblCompany.FieldByName("CompanyName").SetAsString(name);
+    tblCompany.FieldByName("FiscalYear").SetAsInteger(fiscalYear);
+    tblCompany.FieldByName("ApplicationVersion").SetAsString(VersionMark);
+    tblCompany.Post();
+}
+
 void TfrmCorvane::FillSampleData() {
     if (SampleDataGenerator) {
         SampleDataGenerator(Database);
     } else {
         // Without the generator the sample company is only its Company row, so that it opens.
         if (!tblCompany.Active()) tblCompany.Open();
-        tblCompany.Append();
-        tblCompany.FieldByName("CompanyNo").SetAsInteger(1);
-        tblCompany.FieldByName("CompanyName").SetAsString("Sample Data Company");
-        tblCompany.FieldByName("FiscalYear").SetAsInteger(2017);
-        tblCompany.FieldByName("ApplicationVersion").SetAsString(VersionMark);
-        tblCompany.Post();
+        AddCompanyRow("Sample Data Company", 2017);
     }
     tblCompany.Refresh();
     SampleDataOpen = true;
