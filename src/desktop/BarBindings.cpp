@@ -1,26 +1,46 @@
 #include "desktop/BarBindings.h"
 
 #include "desktop/FormWindow.h"
+#include "desktop/ToolIcon.h"
 #include "ui/Caption.h"
 #include "ui/ProgressBar.h"
 #include "ui/StatusBar.h"
 #include "ui/ToolBar.h"
 
 #include <QAction>
+#include <QEvent>
 #include <QLabel>
 #include <QProgressBar>
 #include <QStatusBar>
 #include <QToolBar>
+#include <QToolButton>
 
 namespace corvane::desktop {
 
 // ----- tool bar
 
+// A button showing its caption needs no hint; an icon-sized one names its command in one (its
+// action's text, which Qt gives as the hint by default).
+class ToolBarBinding::HintFilter : public QObject {
+public:
+    explicit HintFilter(const bool& captions) : captions_(captions) {}
+
+protected:
+    bool eventFilter(QObject* watched, QEvent* event) override {
+        if (event->type() == QEvent::ToolTip && captions_) return true;
+        return QObject::eventFilter(watched, event);
+    }
+
+private:
+    const bool& captions_;
+};
+
 ToolBarBinding::ToolBarBinding(FormWindow& window, ui::ToolBar& bar)
-    : ControlBinding(window, bar), bar_(bar), tools_(new QToolBar) {
+    : ControlBinding(window, bar), bar_(bar), tools_(new QToolBar),
+      hints_(std::make_unique<HintFilter>(captions_)) {
     tools_->setMovable(false);
     tools_->setFocusPolicy(Qt::NoFocus);
-    tools_->setToolButtonStyle(bar.ShowCaptions ? Qt::ToolButtonTextOnly : Qt::ToolButtonIconOnly);
+    ShowCaptions(bar.ShowCaptions);
     for (ui::ToolButton* button : bar.Buttons()) {
         QAction* action = nullptr;
         if (!button->Item() && button->Caption().empty()) {
@@ -31,20 +51,46 @@ ToolBarBinding::ToolBarBinding(FormWindow& window, ui::ToolBar& bar)
                              [this, button] { UserEvent([button] { button->Click(); }); });
         }
         action->setObjectName(QString::fromStdString(button->Name()));
+        if (QWidget* shown = tools_->widgetForAction(action))
+            shown->installEventFilter(hints_.get());
         actions_.emplace_back(button, action);
     }
+}
+
+ToolBarBinding::~ToolBarBinding() {
+    // The bar's buttons may outlive the binding for a moment; they must not reach the filter.
+    for (auto& [button, action] : actions_)
+        if (QWidget* shown = tools_->widgetForAction(action))
+            shown->removeEventFilter(hints_.get());
 }
 
 QWidget* ToolBarBinding::Widget() const {
     return tools_;
 }
 
+void ToolBarBinding::ShowCaptions(bool captions) {
+    captions_ = captions;
+    const auto style = captions ? Qt::ToolButtonTextOnly : Qt::ToolButtonIconOnly;
+    tools_->setToolButtonStyle(style);
+    // The bar tells its buttons by a signal, which is blocked while the state is shown.
+    for (auto& [button, action] : actions_)
+        if (auto* shown = qobject_cast<QToolButton*>(tools_->widgetForAction(action)))
+            shown->setToolButtonStyle(style);
+}
+
 void ToolBarBinding::PullState() {
+    if (bar_.ShowCaptions != captions_) ShowCaptions(bar_.ShowCaptions);
+    const int iconSize = tools_->iconSize().height();
     for (auto& [button, action] : actions_) {
-        action->setVisible(button->Visible());
-        action->setEnabled(button->Enabled());
-        if (!action->isSeparator())
-            action->setText(QString::fromStdString(ui::PlainCaption(button->Caption())));
+        if (action->isVisible() != button->Visible()) action->setVisible(button->Visible());
+        if (action->isEnabled() != button->Enabled()) action->setEnabled(button->Enabled());
+        if (action->isSeparator()) continue;
+        QString caption = QString::fromStdString(ui::PlainCaption(button->Caption()));
+        if (action->text() != caption) {
+            action->setText(caption);
+            action->setIcon({});
+        }
+        if (!captions_ && action->icon().isNull()) action->setIcon(ToolIcon(caption, iconSize));
     }
 }
 

@@ -2,6 +2,7 @@
 
 #include "desktop/ControlBinding.h"
 
+#include <memory>
 #include <utility>
 #include <vector>
 
@@ -23,14 +24,20 @@ namespace corvane::desktop {
 class ToolBarBinding : public ControlBinding {
 public:
     ToolBarBinding(FormWindow& window, ui::ToolBar& bar);
+    ~ToolBarBinding() override;
     QWidget* Widget() const override;
 
 protected:
     void PullState() override;
 
 private:
+    void ShowCaptions(bool captions);
+
     ui::ToolBar& bar_;
     QToolBar* tools_;
+    bool captions_ = true;
+    class HintFilter;
+    std::unique_ptr<HintFilter> hints_;
     std::vector<std::pair<ui::ToolButton*, QAction*>> actions_;
 };
 

@@ -20,6 +20,9 @@ class RadioGroup;
 
 namespace corvane::desktop {
 
+class LinkLabel;
+
+// A label; one with a click handler is a link.
 class LabelBinding : public ControlBinding {
 public:
     LabelBinding(FormWindow& window, ui::Label& label);

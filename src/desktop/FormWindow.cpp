@@ -7,6 +7,7 @@
 #include "desktop/MenuBarBinding.h"
 #include "desktop/PopupMenuBinding.h"
 #include "desktop/QtHost.h"
+#include "desktop/SlimBar.h"
 #include "ui/Application.h"
 #include "ui/Control.h"
 #include "ui/Form.h"
@@ -17,12 +18,15 @@
 
 #include <QAbstractItemView>
 #include <QAbstractScrollArea>
+#include <QApplication>
 #include <QCalendarWidget>
 #include <QCloseEvent>
 #include <QFocusEvent>
 #include <QKeyEvent>
 #include <QMenuBar>
+#include <QMoveEvent>
 #include <QPlainTextEdit>
+#include <QResizeEvent>
 #include <QVBoxLayout>
 
 namespace corvane::desktop {
@@ -70,6 +74,8 @@ void FormWindow::Build() {
     QLayout* content = builder.BuildForm(form_);
     body->setLayout(content);
     outer->addWidget(body, 1);
+    if (form_.App().MainForm() == &form_ && !HasGrowingContent())
+        bar_ = std::make_unique<SlimBar>(*this, *body, form_.App().ScaleFactor);
 
     for (ui::Component* c : form_.Components())
         if (auto* bar = dynamic_cast<ui::StatusBar*>(c); bar && outside(bar)) {
@@ -149,37 +155,96 @@ QMenuBar* FormWindow::MenuBar() const {
 void FormWindow::Pull() {
     if (orphaned_) return;
     setWindowTitle(QString::fromStdString(form_.Caption));
-    if (!sized_) {
-        sized_ = true;
-        // The form's size is what it needs at least; bars and frames come on top when the
-        // widgets ask for more, and a list or a memo is never left showing a few lines only.
-        QSize size = sizeHint();
-        if (form_.ClientWidth > 0 && form_.ClientHeight > 0)
-            size = size.expandedTo(QSize(form_.ClientWidth, form_.ClientHeight));
-        // A month calendar draws its days in a view too, but it has the size it needs.
-        bool list = false;
-        for (QAbstractItemView* view : findChildren<QAbstractItemView*>()) {
-            QWidget* up = view->parentWidget();
-            while (up && up != this && !qobject_cast<QCalendarWidget*>(up))
-                up = up->parentWidget();
-            if (!qobject_cast<QCalendarWidget*>(up)) list = true;
-        }
-        if (list || findChild<QPlainTextEdit*>()) size = size.expandedTo(QSize(520, 380));
-        resize(size);
-        if (form_.Left >= 0 && form_.Top >= 0) move(form_.Left, form_.Top);
-        if (form_.State == ui::WindowState::Maximized) setWindowState(Qt::WindowMaximized);
-    }
     if (menu_) menu_->Pull();
     for (auto& p : popups_)
         p->Pull();
     for (auto& b : bindings_)
         b->Pull();
+    // After the controls: what is shown now decides the size of a bar.
+    FollowGeometry();
     if (ui::Control* active = form_.ActiveControl())
         if (ControlBinding* b = BindingOf(*active)) {
             QWidget* target = b->FocusWidget();
             if (target && target->isVisibleTo(this) && target != focusWidget())
                 target->setFocus(Qt::OtherFocusReason);
         }
+}
+
+bool FormWindow::HasGrowingContent() const {
+    // A month calendar draws its days in a view too, but it has the size it needs.
+    for (QAbstractItemView* view : findChildren<QAbstractItemView*>()) {
+        QWidget* up = view->parentWidget();
+        while (up && up != this && !qobject_cast<QCalendarWidget*>(up))
+            up = up->parentWidget();
+        if (!qobject_cast<QCalendarWidget*>(up)) return true;
+    }
+    return findChild<QPlainTextEdit*>() != nullptr;
+}
+
+QSize FormWindow::LeastSize() const {
+    // Bars and frames come on top of the form's size when the widgets ask for more, and a list
+    // or a memo is never left showing a few lines only.
+    QSize least = sizeHint();
+    if (HasGrowingContent()) least = least.expandedTo(QSize(520, 380));
+    return least;
+}
+
+void FormWindow::FollowGeometry() {
+    // A maximised or minimised window keeps its state; the form's size is its normal one.
+    if (sized_ && windowState() != Qt::WindowNoState) return;
+    const QSize asked(form_.ClientWidth, form_.ClientHeight);
+    const QPoint place(form_.Left, form_.Top);
+    if (bar_) {
+        bar_->Fit();
+    } else if (!sized_) {
+        QSize size = LeastSize();
+        if (asked.width() > 0 && asked.height() > 0) size = size.expandedTo(asked);
+        resize(size);
+    } else if (asked.width() > 0 && asked.height() > 0 && asked != size()) {
+        // The form changed its size since the window last told it (a list back to its start
+        // size); what it asks is honoured down to what the content needs.
+        resize(asked.expandedTo(LeastSize()));
+    }
+    if (place.x() >= 0 && place.y() >= 0 && (!sized_ || place != pos())) move(place);
+    if (!sized_ && form_.State == ui::WindowState::Maximized) setWindowState(Qt::WindowMaximized);
+    sized_ = true;
+    // From here the form's geometry is the window's: a person's resizing and moving show in it,
+    // so a change the form makes later stands out from it.
+    form_.ClientWidth = width();
+    form_.ClientHeight = height();
+    if (place.x() >= 0 && place.y() >= 0) {
+        form_.Left = x();
+        form_.Top = y();
+    }
+}
+
+void FormWindow::resizeEvent(QResizeEvent* event) {
+    QDialog::resizeEvent(event);
+    if (sized_ && !orphaned_ && windowState() == Qt::WindowNoState) {
+        form_.ClientWidth = width();
+        form_.ClientHeight = height();
+    }
+}
+
+void FormWindow::moveEvent(QMoveEvent* event) {
+    QDialog::moveEvent(event);
+    if (sized_ && !orphaned_ && isVisible() && windowState() == Qt::WindowNoState) {
+        form_.Left = x();
+        form_.Top = y();
+    }
+}
+
+void FormWindow::DropDownMenu(const ui::MenuItem& item) {
+    if (orphaned_ || !menu_ || !isVisible()) return;
+    menu_->DropDown(item);
+}
+
+void FormWindow::WheelTurned(bool towardsUser) {
+    if (orphaned_) return;
+    QWidget* target = focusWidget();
+    if (!target) target = this;
+    QKeyEvent press(QEvent::KeyPress, towardsUser ? Qt::Key_Down : Qt::Key_Up, Qt::NoModifier);
+    QApplication::sendEvent(target, &press);
 }
 
 void FormWindow::UserEvent(const std::function<void()>& act) {

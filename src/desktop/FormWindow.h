@@ -10,10 +10,13 @@
 
 class QMenuBar;
 class QPoint;
+class QResizeEvent;
+class QMoveEvent;
 
 namespace corvane::ui {
 class Control;
 class Form;
+class MenuItem;
 class PopupMenu;
 } // namespace corvane::ui
 
@@ -24,6 +27,7 @@ class LayoutBuilder;
 class MenuBarBinding;
 class PopupMenuBinding;
 class QtHost;
+class SlimBar;
 
 // The window of one form: widgets built from the form's layout, its menu bar, tool bars and
 // status bar. Keys, clicks and focus changes reach the form as the user's events; after each
@@ -54,16 +58,32 @@ public:
     void ShowPopup(ui::Control& control, const QPoint& globalPos);
     // The Qt menu of a popup menu, once it has been shown.
     PopupMenuBinding* PopupOf(const ui::PopupMenu& popup) const;
+    // Opens the menu bar's menus down to the sub-menu item.
+    void DropDownMenu(const ui::MenuItem& item);
+    // The program's main bar, sized to what it shows, rather than a window a person sizes.
+    bool IsBar() const { return bar_ != nullptr; }
+    // A turn of the mouse wheel over the window: one Down (towards the user) or Up key, typed
+    // where the focus is, whatever the size of the turn.
+    void WheelTurned(bool towardsUser);
 
 protected:
     bool eventFilter(QObject* watched, QEvent* event) override;
     void keyPressEvent(QKeyEvent* event) override;
     void closeEvent(QCloseEvent* event) override;
+    void resizeEvent(QResizeEvent* event) override;
+    void moveEvent(QMoveEvent* event) override;
     void reject() override;
 
 private:
     void Build();
     void RouteKey(const QKeyEvent& event, ui::Control* target);
+    // Lists and memos make a window that grows with the person's resizing.
+    bool HasGrowingContent() const;
+    // The least size the window shows its content in.
+    QSize LeastSize() const;
+    // Places and sizes the window as the form asks: at its first showing, and again whenever
+    // the form changes its size or position afterwards.
+    void FollowGeometry();
 
     QtHost& host_;
     ui::Form& form_;
@@ -72,6 +92,7 @@ private:
     std::map<const QObject*, ControlBinding*> watched_;
     std::unique_ptr<MenuBarBinding> menu_;
     std::vector<std::unique_ptr<PopupMenuBinding>> popups_;
+    std::unique_ptr<SlimBar> bar_;
     bool orphaned_ = false;
     bool sized_ = false;
 };

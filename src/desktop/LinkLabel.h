@@ -10,6 +10,8 @@ namespace corvane::desktop {
 // underline while the mouse is on it, and a left click on its text runs Clicked. A plain label
 // looks and behaves as any QLabel.
 class LinkLabel : public QLabel {
+    Q_OBJECT
+
 public:
     LinkLabel();
 

@@ -17,10 +17,30 @@ QString MenuText(const ui::MenuItem& item) {
 }
 
 MenuBarBinding::MenuBarBinding(FormWindow& window, ui::MainMenu& menu)
-    : window_(window), bar_(new QMenuBar(&window)) {
+    : window_(window), menu_(menu), bar_(new QMenuBar(&window)) {
     bar_->setObjectName(QString::fromStdString(menu.Name()));
-    AddItems(menu, nullptr);
+    Build();
     Pull();
+}
+
+void MenuBarBinding::ShapeOf(const ui::MenuNode& node, Shape& shape) {
+    for (const ui::MenuItem* item : node.Items()) {
+        int kind = item->IsSeparator() ? 0 : item->Items().empty() ? 1 : 2;
+        shape.emplace_back(item, kind);
+        if (kind == 2) ShapeOf(*item, shape);
+        shape.emplace_back(nullptr, -1); // closes the item's level
+    }
+}
+
+void MenuBarBinding::Build() {
+    bar_->clear();
+    for (QMenu* menu : menus_)
+        delete menu;
+    menus_.clear();
+    actions_.clear();
+    shape_.clear();
+    ShapeOf(menu_, shape_);
+    AddItems(menu_, nullptr);
 }
 
 void MenuBarBinding::AddItems(ui::MenuNode& node, QMenu* menu) {
@@ -31,6 +51,9 @@ void MenuBarBinding::AddItems(ui::MenuNode& node, QMenu* menu) {
         } else if (!item->Items().empty()) {
             QMenu* sub = menu ? menu->addMenu(QString::fromStdString(item->Caption))
                               : bar_->addMenu(QString::fromStdString(item->Caption));
+            sub->setObjectName(QString::fromStdString(item->Name()));
+            // A sub-menu goes with the menu it stands in; the bar's own are freed on a rebuild.
+            if (!menu) menus_.push_back(sub);
             AddItems(*item, sub);
             action = sub->menuAction();
         } else {
@@ -44,7 +67,39 @@ void MenuBarBinding::AddItems(ui::MenuNode& node, QMenu* menu) {
 }
 
 void MenuBarBinding::Pull() {
+    // Only the live tree is walked: an action whose item has gone is never read.
+    Shape now;
+    ShapeOf(menu_, now);
+    if (now != shape_) Build();
     PullMenuActions(actions_);
+}
+
+QAction* MenuBarBinding::ActionOf(const ui::MenuItem& item) const {
+    for (const auto& [each, action] : actions_)
+        if (each == &item) return action;
+    return nullptr;
+}
+
+bool MenuBarBinding::DropDown(const ui::MenuItem& item) {
+    std::vector<const ui::MenuItem*> path;
+    const ui::MenuNode* node = &item;
+    while (auto* step = dynamic_cast<const ui::MenuItem*>(node)) {
+        path.insert(path.begin(), step);
+        node = &step->Parent();
+    }
+    if (node != &menu_) return false;
+    Pull();
+    for (const ui::MenuItem* step : path)
+        if (!step->Usable() || !ActionOf(*step)) return false;
+    // The bar opens the top menu; each menu then opens the sub-menu of the next step at once.
+    bar_->setActiveAction(ActionOf(*path.front()));
+    QMenu* open = ActionOf(*path.front())->menu();
+    for (std::size_t i = 1; i < path.size() && open; ++i) {
+        QAction* action = ActionOf(*path[i]);
+        open->setActiveAction(action);
+        open = action->menu();
+    }
+    return true;
 }
 
 void PullMenuActions(const std::vector<std::pair<ui::MenuItem*, QAction*>>& actions) {

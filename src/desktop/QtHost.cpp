@@ -1,17 +1,22 @@
 #include "desktop/QtHost.h"
 
+#include "desktop/ControlBinding.h"
 #include "desktop/FormWindow.h"
+#include "desktop/WheelKeys.h"
 #include "ui/Application.h"
+#include "ui/Control.h"
 #include "ui/Form.h"
+#include "ui/MenuItem.h"
 
 #include <QApplication>
 #include <QMenuBar>
+#include <QScreen>
 
 #include <algorithm>
 
 namespace corvane::desktop {
 
-QtHost::QtHost() = default;
+QtHost::QtHost() : wheel_(std::make_unique<WheelKeys>()) {}
 
 QtHost::~QtHost() {
     // The application and its forms may have gone before the host.
@@ -88,6 +93,26 @@ void QtHost::ActivateMenuBar(ui::Form& form) {
     FormWindow* w = WindowOf(form);
     QMenuBar* bar = w ? w->MenuBar() : nullptr;
     if (bar && !bar->actions().isEmpty()) bar->setActiveAction(bar->actions().first());
+}
+
+void QtHost::DropDownMenu(ui::MenuItem& item) {
+    if (FormWindow* w = WindowOf(item.OwnerForm())) w->DropDownMenu(item);
+}
+
+ui::ScreenRect QtHost::WorkArea() const {
+    QScreen* screen = QGuiApplication::primaryScreen();
+    if (!screen) return Host::WorkArea();
+    QRect area = screen->availableGeometry();
+    return {area.x(), area.y(), area.width(), area.height()};
+}
+
+std::optional<ui::ScreenRect> QtHost::ControlRect(const ui::Control& control) const {
+    FormWindow* w = WindowOf(control.OwnerForm());
+    ControlBinding* binding = w ? w->BindingOf(control) : nullptr;
+    QWidget* widget = binding ? binding->Widget() : nullptr;
+    if (!widget || !widget->isVisible()) return std::nullopt;
+    QPoint topLeft = widget->mapToGlobal(QPoint(0, 0));
+    return ui::ScreenRect{topLeft.x(), topLeft.y(), widget->width(), widget->height()};
 }
 
 void QtHost::EventDone() {

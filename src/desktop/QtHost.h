@@ -3,6 +3,7 @@
 #include "ui/Host.h"
 
 #include <map>
+#include <memory>
 #include <string_view>
 
 namespace corvane::ui {
@@ -12,6 +13,7 @@ class Application;
 namespace corvane::desktop {
 
 class FormWindow;
+class WheelKeys;
 
 // Forms as Qt windows. A form's window is made at its first showing and follows the form after
 // every event; a modal form runs Qt's modal loop until the form hides itself.
@@ -31,8 +33,13 @@ public:
     void RunModal(ui::Form& form) override;
     void SetWaitCursor(bool on) override;
     void ActivateMenuBar(ui::Form& form) override;
+    void DropDownMenu(ui::MenuItem& item) override;
     void EventDone() override;
     void ProcessMessages() override;
+    // The primary screen less its panels and docks.
+    ui::ScreenRect WorkArea() const override;
+    // The control's widget on the screen, while its window shows it.
+    std::optional<ui::ScreenRect> ControlRect(const ui::Control& control) const override;
 
 private:
     FormWindow& Window(ui::Form& form);
@@ -41,6 +48,7 @@ private:
 
     ui::Application* app_ = nullptr;
     std::map<const ui::Form*, FormWindow*> windows_;
+    std::unique_ptr<WheelKeys> wheel_;
     bool refreshing_ = false;
 };
 

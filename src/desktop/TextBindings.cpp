@@ -87,6 +87,8 @@ QWidget* EditBinding::FocusWidget() const {
 
 void EditBinding::PullState() {
     line_->setReadOnly(edit_.IsReadOnly());
+    auto echo = edit_.PasswordChar ? QLineEdit::Password : QLineEdit::Normal;
+    if (line_->echoMode() != echo) line_->setEchoMode(echo);
     // A new limit makes the box set its text again, which moves its caret: set it first, and only
     // when it changed.
     int maxLength = edit_.MaxLength > 0 ? edit_.MaxLength : 32767;
