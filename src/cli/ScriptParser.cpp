@@ -23,7 +23,7 @@ struct Arity {
 
 const std::map<std::string, Arity, std::less<>>& Commands() {
     static const std::map<std::string, Arity, std::less<>> commands{
-        {"company", {1, 2}}, {"start", {0, 1}},    {"open", {1, 1}},    {"menu", {1, 1}},
+        {"company", {1, 3}}, {"start", {0, 1}},    {"open", {1, 1}},    {"menu", {1, 1}},
         {"form", {1, 1}},    {"set", {2, 2}},      {"type", {1, 1}},    {"key", {1, 2}},
         {"click", {1, 1}},   {"dblclick", {1, 1}}, {"focus", {1, 1}},   {"select", {2, 2}},
         {"check", {2, 2}},   {"choose", {2, 2}},   {"close", {0, 0}},   {"answer", {1, 2}},
@@ -72,9 +72,14 @@ void CheckWords(const ScriptLine& l) {
     if (l.Command == "company") {
         if (a[0] == "open" && a.size() != 2)
             throw ScriptSyntaxError(l.Number, "'company open' needs the company's folder");
-        if (a[0] != "new" && a[0] != "open")
-            throw ScriptSyntaxError(l.Number,
-                                    "'company' is followed by 'new' or 'open', not '" + a[0] + "'");
+        if (a[0] == "new" && a.size() > 2)
+            throw ScriptSyntaxError(l.Number, "'company new' takes at most a folder");
+        if (a[0] == "old" && a.size() != 3)
+            throw ScriptSyntaxError(l.Number, "'company old' needs a folder and a version mark");
+        if (a[0] != "new" && a[0] != "open" && a[0] != "old")
+            throw ScriptSyntaxError(l.Number, "'company' is followed by 'new', 'open' or 'old', "
+                                              "not '" +
+                                                  a[0] + "'");
     } else if (l.Command == "key") {
         try {
             ui::ParseShortCut(a.back());

@@ -8,6 +8,8 @@
 #include "program/ProgramForms.h"
 #include "shell/main/TfrmCorvane.h"
 #include "store/Database.h"
+#include "store/Session.h"
+#include "store/Table.h"
 #include "store/tables/CompanyDatabase.h"
 #include "ui/Application.h"
 #include "ui/Caption.h"
@@ -78,6 +80,7 @@ struct ScriptRunner::State {
     ui::Application app{host, dialogs, desktop};
     // The program's main form, made when the script first needs it (or by "start").
     shell::TfrmCorvane* main = nullptr;
+    std::vector<ScriptLine> lines;
     std::string current; // the form the top level of the script works on
     int failures = 0;
     // Lines of the answers and modal blocks queued and not yet used, to name them at the end.
@@ -90,6 +93,7 @@ struct ScriptRunner::State {
     void Company(const ScriptLine& l);
     shell::TfrmCorvane& Main(std::vector<std::string> commandLine = {});
     void Start(const ScriptLine& l);
+    void MakeOldCompany(const std::filesystem::path& folder, const std::string& version);
     void OpenCompany(const std::filesystem::path& folder);
     void Menu(const std::string& path);
     void OpenForm(const std::string& name);
@@ -126,9 +130,28 @@ int ScriptRunner::Failures() const {
     return state_->failures;
 }
 
+namespace {
+
+// The lines with "$WORK" in their words replaced by the script's temporary folder, so that a
+// script can name folders there.
+std::vector<ScriptLine> WithWorkFolder(std::vector<ScriptLine> lines, const std::string& root) {
+    for (auto& line : lines) {
+        for (auto& word : line.Args)
+            for (auto at = word.find("$WORK"); at != std::string::npos;
+                 at = word.find("$WORK", at + root.size()))
+                word.replace(at, 5, root);
+        line.Body = WithWorkFolder(std::move(line.Body), root);
+    }
+    return lines;
+}
+
+} // namespace
+
 ScriptResult ScriptRunner::Run(const std::vector<ScriptLine>& lines) {
+    // Kept by the runner: queued modal blocks refer to their lines until the end.
+    state_->lines = WithWorkFolder(lines, state_->workspace.Root().string());
     try {
-        state_->RunBlock(lines, nullptr);
+        state_->RunBlock(state_->lines, nullptr);
     } catch (const std::exception& e) {
         state_->out << e.what() << "\n";
         return ScriptMalformed;
@@ -187,6 +210,10 @@ void ScriptRunner::State::Company(const ScriptLine& l) {
     if (main && main->SessionActive())
         throw ui::ScriptError("The company is already open; 'company' comes first");
     std::filesystem::path folder;
+    if (l.Args[0] == "old") {
+        MakeOldCompany(baseDir / l.Args[1], l.Args[2]);
+        return;
+    }
     if (l.Args[0] == "new") {
         folder = l.Args.size() == 2 ? baseDir / l.Args[1] : workspace.Root() / "company";
         store::tables::CreateCompanyDatabase(folder.string());
@@ -194,6 +221,25 @@ void ScriptRunner::State::Company(const ScriptLine& l) {
         folder = baseDir / l.Args[1];
     }
     OpenCompany(folder);
+}
+
+// A company made by another version of the program: its Company row carries that version mark.
+// It is made, not opened.
+void ScriptRunner::State::MakeOldCompany(const std::filesystem::path& folder,
+                                         const std::string& version) {
+    store::tables::CreateCompanyDatabase(folder.string());
+    store::Session session;
+    store::Database db(session);
+    db.SetDirectory(folder.string());
+    db.Open();
+    store::Table company(db, "Company");
+    company.Open();
+    company.Append();
+    company.FieldByName("CompanyNo").SetAsInteger(1);
+    company.FieldByName("CompanyName").SetAsString("Company of version " + version);
+    company.FieldByName("FiscalYear").SetAsInteger(2016);
+    company.FieldByName("ApplicationVersion").SetAsString(version);
+    company.Post();
 }
 
 void ScriptRunner::State::Menu(const std::string& path) {
