@@ -1,5 +1,6 @@
 #include "cli/Commands.h"
 
+#include "cli/LedgerCommands.h"
 #include "cli/QueryCsv.h"
 #include "cli/ScriptRunner.h"
 
@@ -21,7 +22,10 @@ void Usage() {
     std::fputs("usage: corvane-cli create-company FOLDER\n"
                "       corvane-cli tables FOLDER\n"
                "       corvane-cli sql FOLDER QUERY\n"
-               "       corvane-cli script FILE\n",
+               "       corvane-cli script FILE\n"
+               "       corvane-cli post FOLDER\n"
+               "       corvane-cli check FOLDER\n"
+               "       corvane-cli export-ledger FOLDER\n",
                stderr);
 }
 
@@ -61,6 +65,9 @@ int RunCommand(const std::vector<std::string>& args) {
     if (args.size() == 2 && args[0] == "tables") return PrintTables(args[1]);
     if (args.size() == 3 && args[0] == "sql") return PrintQuery(args[1], args[2]);
     if (args.size() == 2 && args[0] == "script") return RunScriptFile(args[1], std::cout);
+    if (args.size() == 2 && args[0] == "post") return PostVouchers(args[1], std::cout, std::cerr);
+    if (args.size() == 2 && args[0] == "check") return CheckLedger(args[1], std::cout);
+    if (args.size() == 2 && args[0] == "export-ledger") return ExportLedger(args[1], std::cout);
     Usage();
     return 2;
 }

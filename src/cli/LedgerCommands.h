@@ -1,0 +1,16 @@
+#pragma once
+
+#include <ostream>
+#include <string>
+
+namespace corvane::cli {
+
+// "post COMPANY": posts every unposted voucher and prints how many.
+int PostVouchers(const std::string& folder, std::ostream& out, std::ostream& err);
+// "check COMPANY": prints each difference the ledger check finds and returns 1, else prints
+// "ledger ok" and returns 0.
+int CheckLedger(const std::string& folder, std::ostream& out);
+// "export-ledger COMPANY": the posted history as a journal, on out.
+int ExportLedger(const std::string& folder, std::ostream& out);
+
+} // namespace corvane::cli

@@ -1,0 +1,437 @@
+#include "ledger/vouchers/TfrmJV.h"
+
+#include "core/Date.h"
+#include "core/Exception.h"
+#include "core/Text.h"
+#include "ledger/periods/PeriodCheck.h"
+#include "ledger/periods/YearEntry.h"
+#include "ledger/posting/Unposting.h"
+#include "ledger/vouchers/NumberBox.h"
+#include "ledger/vouchers/VoucherNumbering.h"
+#include "ledger/vouchers/VoucherTexts.h"
+#include "store/EngineError.h"
+#include "store/Query.h"
+#include "ui/Application.h"
+#include "ui/Layout.h"
+
+namespace corvane::ledger {
+
+using store::DataSetState;
+namespace text = voucher_text;
+
+namespace {
+
+bool Editing(const store::DataSet& ds) {
+    return ds.State() == DataSetState::Edit || ds.State() == DataSetState::Insert;
+}
+
+// The subaccount id fields of a line, level 1 to 3.
+constexpr const char* kSubFields[] = {"SubAccount1ID", "SubAccount2ID", "SubAccount3ID"};
+
+} // namespace
+
+TfrmJV::TfrmJV(ui::Application& app, store::Database& db)
+    : EntryForm(app, "frmJV", db, "JV", "tblJV"), tblJVDet(db, "JVDet"), tblGLAccnt(db, "GLAccnt"),
+      tblSub1(db, "GLAcSub1"), tblSub2(db, "GLAcSub2"), tblSub3(db, "GLAcSub3"),
+      tblVendor(db, "Vendor"), tblCustomer(db, "Customer") {
+    using namespace ui;
+    Caption = "New Journal Voucher";
+    for (store::Table* t : {&tblGLAccnt, &tblSub1, &tblSub2, &tblSub3, &tblVendor, &tblCustomer})
+        t->Open();
+    SetUpLineFields();
+
+    editTransDate.Bind(EntryTable, "TransDate");
+    editTransDate.CalendarCaption = "Transaction Date";
+    EnterYearAsTwoDigits(EntryTable.FieldByName("GLYear"), BadYearMessage("Period"));
+    store::Field& description = EntryTable.FieldByName("TransDescription");
+    description.OnGetText = [this](const store::Field& f, bool) { return DescriptionShown(f); };
+    description.OnSetText = [this](store::Field& f, std::string_view typed) {
+        // What the form adds to a subledger voucher's text is not part of the text.
+        std::string stored = f.AsString();
+        std::string shown = DescriptionShown(f);
+        std::string value(typed);
+        if (shown.size() > stored.size() && value.size() >= shown.size() - stored.size() &&
+            value.ends_with(shown.substr(stored.size())))
+            value.resize(value.size() - (shown.size() - stored.size()));
+        f.SetAsString(value);
+    };
+
+    lblPosted.Visible = false;
+    btnUnpost.Visible = false;
+    popImport.Visible = false;
+    grdLines.Popup = &popLines;
+    grdLines.AddColumn("GLAccountID", "GL Account", 80);
+    grdLines.AddColumn("GLAmount", "Amount", 90);
+    grdLines.AddColumn("SubAccount1ID", "Sub1", 50);
+    grdLines.AddColumn("SubAccount2ID", "Sub2", 50);
+    grdLines.AddColumn("SubAccount3ID", "Sub3", 50);
+    grdLines.AddColumn("Name", "Name", 260);
+    stbTotals.SimplePanel = true;
+
+    SetLayout(Column{
+        Row{FormRow{"JV no.:", editJVNumber}, Stretch{}, lblPosted, btnUnpost},
+        FormRow{"Description:", editDescription},
+        Row{FormRow{"Date:", editTransDate}, FormRow{"Period:", Row{editPeriod, editYear}},
+            chkAutoReverse},
+        grdLines,
+        Row{editAccount, editAmount, editSub1, editSub2, editSub3},
+        Row{btnGLAccounts, Stretch{}},
+        stbTotals,
+        ButtonRow{btnOK, btnCancel, btnOKNew},
+    });
+
+    EntryTable.OnNewRecord = [this](store::DataSet&) { NewVoucher(); };
+    EntryTable.BeforeEdit = [this](store::DataSet&) {
+        if (Posted()) RefusePosted();
+    };
+    EntryTable.BeforePost = [this](store::DataSet&) { CheckBeforeSave(); };
+    EntryTable.BeforeCancel = [this](store::DataSet&) { DropNewLines(); };
+    EntryTable.AfterPost = [this](store::DataSet&) {
+        copying_ = false;
+        ShowCaption();
+    };
+    EntryTable.AfterCancel = [this](store::DataSet&) {
+        copying_ = false;
+        StartFromSaved();
+        ShowCaption();
+    };
+    EntryTable.AfterScroll = [this](store::DataSet&) { StartFromSaved(); };
+    // When the company closes under an open voucher, its cursors close in no set order.
+    EntryTable.BeforeClose = [this](store::DataSet&) { closing_ = true; };
+    EntryTable.AfterOpen = [this](store::DataSet&) { closing_ = false; };
+
+    btnOK.OnClick = [this] {
+        SaveVoucher();
+        Close();
+    };
+    btnOKNew.OnClick = [this] {
+        SaveVoucher();
+        EntryTable.Insert();
+        Focus(editDescription);
+    };
+    editDescription.OnChange = [this] { ShowCaption(); };
+    btnUnpost.OnClick = [this] { Unpost(); };
+    popNewLine.OnClick = [this] { NewLine(); };
+    popDeleteLine.OnClick = [this] { DeleteLine(); };
+    btnGLAccounts.OnClick = [this] {
+        if (OpenRegisteredForm) OpenRegisteredForm("frmGLAccounts");
+    };
+    OnShow = [this] {
+        StartFromSaved();
+        ShowCaption();
+        ShowPostedState();
+        ShowTotals();
+    };
+    ShowTotals();
+}
+
+TfrmJV::~TfrmJV() {
+    // The lines close first, while the tables their names and numbers come from still stand.
+    tblJVDet.Close();
+    // The voucher cursor belongs to the base and outlives the members its handlers reach into;
+    // closing it cancels a voucher still in insert, which must then do nothing here.
+    for (store::DataSet::Handler* handler :
+         {&EntryTable.OnNewRecord, &EntryTable.BeforeEdit, &EntryTable.BeforePost,
+          &EntryTable.BeforeCancel, &EntryTable.AfterPost, &EntryTable.AfterCancel,
+          &EntryTable.AfterScroll, &EntryTable.BeforeClose, &EntryTable.AfterOpen})
+        *handler = nullptr;
+    if (store::Field* description = EntryTable.FindField("TransDescription")) {
+        description->OnGetText = nullptr;
+        description->OnSetText = nullptr;
+    }
+}
+
+void TfrmJV::SetUpLineFields() {
+    tblJVDet.Name = "tblJVDet";
+    tblJVDet.AddCalculatedField("Name", store::FieldType::String, 120);
+    tblJVDet.SetMasterSource(&EntryTable, "JVID");
+    tblJVDet.Open();
+
+    store::Field& account = tblJVDet.FieldByName("GLAccountID");
+    account.DisplayLabel = "GL Account";
+    ShowIdAsNumber(account, {&tblGLAccnt, "GLAccountID", "GLAccount", text::TypedUnknownAccount,
+                             text::SuspendedAccount});
+    store::Table* subTables[] = {&tblSub1, &tblSub2, &tblSub3};
+    for (int level = 0; level < 3; ++level)
+        ShowIdAsNumber(tblJVDet.FieldByName(kSubFields[level]),
+                       {subTables[level], "SubAccountID", "SubAccount",
+                        text::TypedUnknownSubaccount, text::SuspendedSubaccount});
+    tblJVDet.OnCalcFields = [this, subTables](store::DataSet& ds) {
+        std::string name;
+        const store::Value& id = ds.FieldByName("GLAccountID").AsValue();
+        if (!id.IsNull()) {
+            store::Value found = tblGLAccnt.Lookup("GLAccountID", {id}, "AccountName");
+            if (!found.IsNull()) name = found.Str();
+        }
+        for (int level = 0; level < 3; ++level) {
+            const store::Value& subId = ds.FieldByName(kSubFields[level]).AsValue();
+            if (subId.IsNull()) continue;
+            store::Value found =
+                subTables[level]->Lookup("SubAccountID", {subId}, "SubAccountName");
+            if (!found.IsNull()) name += " - " + found.Str();
+        }
+        ds.FieldByName("Name").SetAsString(name);
+    };
+
+    tblJVDet.BeforeInsert = tblJVDet.BeforeEdit = tblJVDet.BeforeDelete = [this](store::DataSet&) {
+        if (Posted()) RefusePosted();
+    };
+    tblJVDet.OnNewRecord = [this](store::DataSet&) { lineBefore_ = Money(); };
+    tblJVDet.AfterEdit = [this](store::DataSet& ds) {
+        lineBefore_ = ds.FieldByName("GLAmount").AsMoney();
+    };
+    tblJVDet.BeforePost = [this](store::DataSet&) { CheckLine(); };
+    tblJVDet.AfterPost = [this](store::DataSet&) { LineSaved(); };
+    // The amount leaving the totals is the one stored, not what was typed since.
+    tblJVDet.BeforeDelete = [this](store::DataSet& ds) {
+        if (Posted()) RefusePosted();
+        deletedAmount_ = ds.FieldByName("GLAmount").AsMoney();
+    };
+    tblJVDet.AfterDelete = [this](store::DataSet&) { LineDeleted(); };
+}
+
+std::string TfrmJV::DescriptionShown(const store::Field& field) {
+    std::string shown = field.AsString();
+    store::DataSet& ds = field.Owner();
+    std::string source = ds.FieldByName("Source").AsString();
+    auto suffix = [&](store::Table& table, const char* idName, const char* nameField,
+                      const char* numberField) {
+        const store::Value& id = ds.FieldByName(idName).AsValue();
+        if (id.IsNull()) return;
+        std::vector<store::Value> party =
+            table.LookupValues(idName, {id}, std::string(nameField) + ";" + numberField);
+        if (party.empty() || party[0].IsNull()) return;
+        shown += " - " + party[0].Str() + " (" + party[1].Str() + ")";
+    };
+    if (source == "AP") suffix(tblVendor, "VendorID", "VendorName", "VendorNo");
+    if (source == "AR") suffix(tblCustomer, "CustomerID", "CustomerName", "CustomerNo");
+    return shown;
+}
+
+void TfrmJV::NewVoucher() {
+    VoucherKeys keys = TakeVoucherKeys(EntryTable.OwnerDatabase());
+    Period period = DefaultPeriod(CompanyPeriods::Read(EntryTable.OwnerDatabase()), Date::Today());
+    EntryTable.FieldByName("JVID").SetAsInteger(keys.JVID);
+    EntryTable.FieldByName("JVNumber").SetAsInteger(keys.JVNumber);
+    EntryTable.FieldByName("TransDate").SetAsDate(Date::Today());
+    EntryTable.FieldByName("AutoReverse").SetAsBoolean(false);
+    EntryTable.FieldByName("Posted").SetAsBoolean(false);
+    EntryTable.FieldByName("Source").SetAsString("GL");
+    EntryTable.FieldByName("TransType").SetAsString("JV");
+    EntryTable.FieldByName("GLPeriod").SetAsInteger(period.Number);
+    EntryTable.FieldByName("GLYear").SetAsInteger(period.Year);
+    EntryTable.FieldByName("JVAmount").SetAsMoney(Money());
+    totals_.Clear();
+    nextSeq_ = 1;
+    ShowTotals();
+}
+
+void TfrmJV::StartFromSaved() {
+    if (!EntryTable.Active() || EntryTable.State() == DataSetState::Insert || EntryTable.IsEmpty())
+        return;
+    totals_.StartFrom(EntryTable.FieldByName("JVAmount").AsMoney());
+    store::Query last(EntryTable.OwnerDatabase(),
+                      "SELECT MAX(Seq) AS LastSeq FROM JVDet WHERE JVID = :JVID");
+    last.ParamByName("JVID").SetValue(EntryTable.FieldByName("JVID").AsValue());
+    last.Open();
+    nextSeq_ = last.FieldByName("LastSeq").IsNull()
+                   ? 1
+                   : static_cast<int>(last.FieldByName("LastSeq").AsInteger()) + 1;
+    ShowTotals();
+    ShowPostedState();
+}
+
+void TfrmJV::Focus(ui::Control& control) {
+    if (Visible() && control.CanFocus()) control.SetFocus();
+}
+
+void TfrmJV::CheckBeforeSave() {
+    CheckPeriod(App(), CompanyPeriods::Read(EntryTable.OwnerDatabase()),
+                Period{static_cast<int>(EntryTable.FieldByName("GLYear").AsInteger()),
+                       static_cast<int>(EntryTable.FieldByName("GLPeriod").AsInteger())},
+                &editPeriod);
+    if (TrimBlanks(EntryTable.FieldByName("TransDescription").AsString()).empty()) {
+        Focus(editDescription);
+        throw Exception(text::NoDescription);
+    }
+    auto refuse = [this](const char* message, bool appendLine) {
+        if (appendLine) tblJVDet.Append();
+        Focus(grdLines);
+        throw Exception(message);
+    };
+    if (tblJVDet.IsEmpty()) refuse(text::NoLines, false);
+    if (totals_.Debits().IsZero()) refuse(text::NoDebits, true);
+    if (totals_.Credits().IsZero()) refuse(text::NoCredits, true);
+    if (!totals_.Difference().IsZero()) refuse(text::OutOfBalance, false);
+    if (EntryTable.FieldByName("JVAmount").AsMoney().IsZero()) refuse(text::NoAmounts, false);
+}
+
+void TfrmJV::CheckLine() {
+    const store::Value& account = tblJVDet.FieldByName("GLAccountID").AsValue();
+    if (account.IsNull()) throw Exception(text::LineNoAccount);
+    if (tblGLAccnt.Lookup("GLAccountID", {account}, "GLAccountID").IsNull())
+        throw Exception(text::LineUnknownAccount);
+    store::Table* subTables[] = {&tblSub1, &tblSub2, &tblSub3};
+    for (int level = 0; level < 3; ++level) {
+        const store::Value& sub = tblJVDet.FieldByName(kSubFields[level]).AsValue();
+        if (!sub.IsNull() &&
+            subTables[level]->Lookup("SubAccountID", {sub}, "SubAccountID").IsNull())
+            throw Exception(LineUnknownSubaccount(level + 1));
+    }
+    store::Field& seq = tblJVDet.FieldByName("Seq");
+    if (seq.IsNull()) seq.SetAsInteger(nextSeq_++);
+}
+
+void TfrmJV::LineSaved() {
+    Money amount = tblJVDet.FieldByName("GLAmount").AsMoney();
+    totals_.LineSaved(lineBefore_, amount);
+    lineBefore_ = amount;
+    StoreAmount();
+}
+
+void TfrmJV::LineDeleted() {
+    totals_.LineDeleted(deletedAmount_);
+    if (tblJVDet.IsEmpty()) totals_.Clear();
+    StoreAmount();
+}
+
+void TfrmJV::StoreAmount() {
+    if (EntryTable.State() == DataSetState::Browse) EntryTable.Edit();
+    EntryTable.FieldByName("JVAmount").SetAsMoney(totals_.Debits());
+    ShowTotals();
+}
+
+void TfrmJV::ShowTotals() {
+    stbTotals.SimpleText = totals_.StatusText();
+}
+
+void TfrmJV::ShowCaption() {
+    if (copying_) {
+        Caption = "New (copied) Journal Voucher";
+        return;
+    }
+    if (!EntryTable.Active()) return;
+    store::Field& number = EntryTable.FieldByName("JVNumber");
+    // What is typed counts before it reaches the field.
+    bool untitled = number.IsNull() || editDescription.Text().empty();
+    if (EntryTable.State() == DataSetState::Insert && untitled)
+        Caption = "New Journal Voucher";
+    else
+        Caption = "JV " + number.AsString();
+}
+
+void TfrmJV::ShowPostedState() {
+    bool posted = Posted();
+    lblPosted.Visible = posted;
+    btnUnpost.Visible = posted;
+    popNewLine.Enabled = popDeleteLine.Enabled = !posted;
+    grdLines.Popup = posted ? nullptr : &popLines;
+}
+
+bool TfrmJV::Posted() {
+    return EntryTable.Active() && !EntryTable.IsEmpty() &&
+           EntryTable.FieldByName("Posted").AsBoolean();
+}
+
+void TfrmJV::RefusePosted() const {
+    throw Exception(text::PostedCannotChange);
+}
+
+void TfrmJV::DropNewLines() {
+    if (closing_) return;
+    if (Editing(tblJVDet)) tblJVDet.Cancel();
+    if (EntryTable.State() != DataSetState::Insert) return;
+    // The lines of a voucher that is never saved would belong to nothing.
+    store::Query drop(EntryTable.OwnerDatabase(), "DELETE FROM JVDet WHERE JVID = :JVID");
+    drop.ParamByName("JVID").SetValue(EntryTable.FieldByName("JVID").AsValue());
+    drop.ExecSQL();
+    tblJVDet.Refresh();
+    totals_.Clear();
+    ShowTotals();
+}
+
+void TfrmJV::Unpost() {
+    if (!Posted()) return;
+    store::Database& db = EntryTable.OwnerDatabase();
+    if (!UnpostJV(App(), db, EntryTable.FieldByName("JVID").AsInteger(),
+                  CompanyPeriods::Read(db).FiscalYear))
+        return;
+    // The run cleared the flag through a cursor of its own: read the row again.
+    EntryTable.Refresh();
+    StartFromSaved();
+    ShowPostedState();
+}
+
+void TfrmJV::NewLine() {
+    if (Posted()) RefusePosted();
+    tblJVDet.CheckBrowseMode();
+    tblJVDet.Append();
+    Focus(editAccount);
+}
+
+void TfrmJV::DeleteLine() {
+    if (Editing(tblJVDet) && tblJVDet.State() == DataSetState::Insert) {
+        tblJVDet.Cancel();
+        return;
+    }
+    if (tblJVDet.IsEmpty()) return;
+    tblJVDet.Delete();
+}
+
+void TfrmJV::SaveVoucher() {
+    CommitPendingEdit();
+    if (Editing(tblJVDet)) tblJVDet.CheckBrowseMode();
+    if (!Editing(EntryTable)) return;
+    try {
+        EntryTable.Post();
+    } catch (const store::EngineError& e) {
+        if (e.ErrorCode() == store::errKeyViolation) throw Exception(KeyViolationMessage());
+        throw;
+    }
+    if (AfterSave) AfterSave(*this);
+}
+
+void TfrmJV::CopyFrom(int sourceId) {
+    store::Database& db = EntryTable.OwnerDatabase();
+    store::Table source(db, "JV");
+    source.Open();
+    if (!source.Locate("JVID", {store::Value(sourceId)}))
+        throw Exception("The record has been deleted by another user");
+    store::Query lines(db, "SELECT JVDet.* FROM JVDet WHERE JVDet.JVID = :JVID ORDER BY "
+                           "JVDet.Seq");
+    lines.ParamByName("JVID").SetAsInteger(sourceId);
+    lines.Open();
+
+    store::Transaction transaction(db, {"JV", "JVDet", "JVCtl"});
+    try {
+        EntryTable.Insert();
+        copying_ = true;
+        EntryTable.FieldByName("TransDescription")
+            .SetAsString(source.FieldByName("TransDescription").AsString());
+        EntryTable.FieldByName("JVAmount").SetValue(source.FieldByName("JVAmount").AsValue());
+        EntryTable.FieldByName("AutoReverse")
+            .SetAsBoolean(source.FieldByName("AutoReverse").AsBoolean());
+        for (lines.First(); !lines.Eof(); lines.Next()) {
+            tblJVDet.Append();
+            for (const char* field :
+                 {"GLAccountID", "SubAccount1ID", "SubAccount2ID", "SubAccount3ID", "GLAmount"})
+                tblJVDet.FieldByName(field).SetValue(lines.FieldByName(field).AsValue());
+            tblJVDet.Post();
+        }
+        transaction.Commit();
+    } catch (...) {
+        copying_ = false;
+        if (Editing(tblJVDet)) tblJVDet.Cancel();
+        if (Editing(EntryTable)) EntryTable.Cancel();
+        throw;
+    }
+    ShowCaption();
+}
+
+std::string TfrmJV::KeyViolationMessage() const {
+    // The number is what clashes within the period: the user corrects it there.
+    if (Visible() && numberEdit_->CanFocus()) numberEdit_->SetFocus();
+    return text::DuplicateNumber;
+}
+
+} // namespace corvane::ledger

@@ -1,0 +1,107 @@
+#pragma once
+
+#include "ledger/vouchers/VoucherTotals.h"
+#include "shell/patterns/EntryForm.h"
+#include "store/Table.h"
+#include "ui/Button.h"
+#include "ui/DBCheckBox.h"
+#include "ui/DBEdit.h"
+#include "ui/DateEdit.h"
+#include "ui/FieldDataLink.h"
+#include "ui/Grid.h"
+#include "ui/Label.h"
+#include "ui/Menu.h"
+#include "ui/MenuItem.h"
+#include "ui/StatusBar.h"
+
+#include <functional>
+#include <string>
+
+namespace corvane::ledger {
+
+// One journal voucher: its header and a grid of lines (account, signed amount, subaccounts), with
+// running debit and credit totals below. The lines are written as each one is left; the header
+// is written by OK once the voucher balances. A posted voucher is shown but refuses every change.
+class TfrmJV : public shell::EntryForm {
+public:
+    TfrmJV(ui::Application& app, store::Database& db);
+    ~TfrmJV() override;
+
+    store::Table& tblJV = EntryTable;
+    store::Table tblJVDet;
+    store::Table tblGLAccnt;
+    store::Table tblSub1, tblSub2, tblSub3;
+    store::Table tblVendor, tblCustomer;
+
+    ui::Label lblPosted{*this, "lblPosted", "POSTED"};
+    ui::Button btnUnpost{*this, "btnUnpost", "&Unpost"};
+    ui::DBEdit editJVNumber{*this, "editJVNumber", EntryTable, "JVNumber"};
+    ui::DBEdit editDescription{*this, "editDescription", EntryTable, "TransDescription"};
+    ui::DateEdit editTransDate{*this, "editTransDate"};
+    ui::DBEdit editPeriod{*this, "editPeriod", EntryTable, "GLPeriod"};
+    ui::DBEdit editYear{*this, "editYear", EntryTable, "GLYear"};
+    ui::DBCheckBox chkAutoReverse{*this, "chkAutoReverse", "Auto-Reverse", EntryTable,
+                                  "AutoReverse"};
+
+    ui::PopupMenu popLines{*this, "popLines"};
+    ui::MenuItem popNewLine{popLines, "popNewLine", "&New", "Ctrl+Ins"};
+    ui::MenuItem popDeleteLine{popLines, "popDeleteLine", "&Delete", "Ctrl+Del"};
+    ui::MenuItem popImport{popLines, "popImport", "Import JV Data"};
+    ui::Grid grdLines{*this, "grdLines", tblJVDet};
+    // The current line, as its cells are typed.
+    ui::DBEdit editAccount{*this, "editAccount", tblJVDet, "GLAccountID"};
+    ui::DBEdit editAmount{*this, "editAmount", tblJVDet, "GLAmount"};
+    ui::DBEdit editSub1{*this, "editSub1", tblJVDet, "SubAccount1ID"};
+    ui::DBEdit editSub2{*this, "editSub2", tblJVDet, "SubAccount2ID"};
+    ui::DBEdit editSub3{*this, "editSub3", tblJVDet, "SubAccount3ID"};
+    ui::Button btnGLAccounts{*this, "btnGLAccounts", "GL Accounts"};
+    ui::StatusBar stbTotals{*this, "stbTotals"};
+    ui::Button btnOKNew{*this, "btnOKNew", "OK && &New"};
+
+    const VoucherTotals& Totals() const { return totals_; }
+    // A new voucher with the lines, description, amount and auto-reverse of the saved voucher
+    // sourceId, numbered and written in one transaction; the header waits for OK.
+    void CopyFrom(int sourceId);
+    // Writes the open line and then the voucher; a refusal leaves both as typed.
+    void SaveVoucher();
+    // Opens the form named in the registry (the accounts list); set by whoever registers the form.
+    std::function<void(const std::string& formName)> OpenRegisteredForm;
+
+protected:
+    std::string KeyViolationMessage() const override;
+
+private:
+    void SetUpLineFields();
+    void NewVoucher();
+    void StartFromSaved();
+    void CheckBeforeSave();
+    void CheckLine();
+    void LineSaved();
+    void LineDeleted();
+    void StoreAmount();
+    void ShowTotals();
+    void ShowCaption();
+    void ShowPostedState();
+    void RefusePosted() const;
+    void Focus(ui::Control& control);
+    bool Posted();
+    void DropNewLines();
+    void DeleteLine();
+    void NewLine();
+    void Unpost();
+    std::string DescriptionShown(const store::Field& field);
+
+    VoucherTotals totals_;
+    int nextSeq_ = 1;
+    Money lineBefore_;
+    Money deletedAmount_;
+    bool copying_ = false;
+    bool closing_ = false;
+    // The number edit, reachable from the const hook that words a duplicate key.
+    ui::DBEdit* const numberEdit_ = &editJVNumber;
+    ui::FieldDataLink captionNumberLink_{EntryTable, "JVNumber", [this] { ShowCaption(); }};
+    ui::FieldDataLink captionTextLink_{EntryTable, "TransDescription", [this] { ShowCaption(); }};
+    ui::FieldDataLink postedLink_{EntryTable, "Posted", [this] { ShowPostedState(); }};
+};
+
+} // namespace corvane::ledger

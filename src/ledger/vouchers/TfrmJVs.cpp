@@ -1,0 +1,171 @@
+#include "ledger/vouchers/TfrmJVs.h"
+
+#include "core/Exception.h"
+#include "ledger/vouchers/TfrmJV.h"
+#include "ledger/vouchers/TfrmJVsFilter.h"
+#include "ledger/vouchers/TfrmJVsFind.h"
+#include "ledger/vouchers/VoucherTexts.h"
+#include "store/Query.h"
+#include "ui/Application.h"
+
+namespace corvane::ledger {
+
+namespace text = voucher_text;
+
+TfrmJVs::TfrmJVs(ui::Application& app, store::Database& db, const shell::FormRegistry* registry,
+                 shell::TfrmCorvane* main)
+    : ListForm(app, "frmJVs", "Journal Vouchers", db, "JV", "tblJV", "JVID"),
+      mnuSortPeriod(
+          AddSortEntry("mnuSortPeriod", "&Period ascending", "Periodppyyyy", "PeriodJVNumber")),
+      mnuSortPeriodDesc(AddSortEntry("mnuSortPeriodDesc", "Period &descending", "Periodppyyyy",
+                                     "PeriodJVNumberDESC")),
+      mnuSortJVNumber(AddSortEntry("mnuSortJVNumber", "&JV number", "JVNumber", "JVNumber")),
+      mnuSortPeriodDate(AddSortEntry("mnuSortPeriodDate", "Period and date &ascending", "TransDate",
+                                     "PeriodDateJVNumber")),
+      mnuSortPeriodDateDesc(AddSortEntry("mnuSortPeriodDateDesc", "Period and date d&escending",
+                                         "TransDate", "PeriodDateJVNumberDESC")),
+      mnuSortDescription(AddSortEntry("mnuSortDescription", "De&scription", "TransDescription",
+                                      "Description_PeriodJVNumberDESC")),
+      registry_(registry), main_(main) {
+    AddListFields();
+    grdList.AddColumn("Periodppyyyy", "Period", 64);
+    grdList.AddColumn("JVNumber", "JV no.", 64);
+    grdList.AddColumn("TransDate", "Date", 72);
+    grdList.AddColumn("TransDescription", "Description", 240);
+    grdList.AddColumn("SourceType", "Source", 56);
+    grdList.AddColumn("JVAmount", "Amount", 90);
+    mnuFind.Visible = true;
+    mnuPost.Visible = registry_ && registry_->Find("frmJVsPost");
+    mnuHistory.Visible = registry_ && registry_->Find("frmGLHistory");
+
+    tblJV.BeforeDelete = [this](store::DataSet& ds) { ConfirmDelete(ds); };
+    tblJV.AfterDelete = [this](store::DataSet&) {
+        // The lines go with their voucher; a line without one would never be posted or seen.
+        store::Query drop(Db(), "DELETE FROM JVDet WHERE JVID = :JVID");
+        drop.ParamByName("JVID").SetValue(deletedId_);
+        drop.ExecSQL();
+    };
+    mnuEdit.OnClick = popEdit.OnClick = [this] { EditVoucher(); };
+    mnuCopy.OnClick = [this] { CopyVoucher(); };
+    mnuPost.OnClick = [this] { PostVouchers(); };
+    mnuHistory.OnClick = [this] { OpenHistory(); };
+    grdList.OnTitleClick = [this](ui::GridColumn& column) { SortByTitle(column); };
+    mnuSortPeriod.Click();
+}
+
+void TfrmJVs::AddListFields() {
+    // The calculated columns exist only in the cursor: they are added while it is closed.
+    tblJV.Close();
+    tblJV.AddCalculatedField("Periodppyyyy", store::FieldType::String, 7);
+    tblJV.AddCalculatedField("SourceType", store::FieldType::String, 6);
+    tblJV.OnCalcFields = [](store::DataSet& ds) {
+        ds.FieldByName("Periodppyyyy")
+            .SetAsString(PeriodText(static_cast<int>(ds.FieldByName("GLPeriod").AsInteger()),
+                                    static_cast<int>(ds.FieldByName("GLYear").AsInteger())));
+        ds.FieldByName("SourceType")
+            .SetAsString(VoucherSourceLabel(ds.FieldByName("Source").AsString(),
+                                            ds.FieldByName("TransType").AsString()));
+    };
+    tblJV.Open();
+}
+
+void TfrmJVs::SortByTitle(ui::GridColumn& column) {
+    // Two orders share the period and the date columns: a second click turns the order round.
+    std::pair<ui::MenuItem*, ui::MenuItem*> pairs[] = {
+        {&mnuSortPeriod, &mnuSortPeriodDesc}, {&mnuSortPeriodDate, &mnuSortPeriodDateDesc}};
+    std::string field = column.FieldName;
+    for (auto [ascending, descending] : pairs) {
+        bool thisColumn = (field == "Periodppyyyy" && ascending == &mnuSortPeriod) ||
+                          (field == "TransDate" && ascending == &mnuSortPeriodDate);
+        if (!thisColumn) continue;
+        (ascending->Checked() ? descending : ascending)->Click();
+        return;
+    }
+    if (field == "JVNumber") return mnuSortJVNumber.Click();
+    if (field == "TransDescription") return mnuSortDescription.Click();
+    PressKey(ui::KeyStroke(ui::Key::Alt));
+}
+
+TfrmJV& TfrmJVs::VoucherForm() {
+    TfrmJV& form = App().SingleForm<TfrmJV>(Db());
+    if (registry_ && !form.OpenRegisteredForm)
+        form.OpenRegisteredForm = [this](const std::string& name) {
+            if (ui::Form* f = MakeRegistered(name)) f->Show();
+        };
+    return form;
+}
+
+shell::EntryForm& TfrmJVs::Entry() {
+    return VoucherForm();
+}
+
+shell::FilterForm* TfrmJVs::Filter() {
+    return &App().SingleForm<TfrmJVsFilter>(static_cast<shell::ListForm&>(*this));
+}
+
+shell::FindForm* TfrmJVs::Find() {
+    return &App().SingleForm<TfrmJVsFind>(static_cast<shell::ListForm&>(*this));
+}
+
+ui::Form* TfrmJVs::MakeRegistered(std::string_view name) {
+    if (!registry_ || name.empty()) return nullptr;
+    const shell::FormFactory* factory = registry_->Find(name);
+    if (!factory) return nullptr;
+    shell::FormContext context{App(), Db(), main_};
+    return &(*factory)(context);
+}
+
+void TfrmJVs::FollowVoucher(TfrmJV& form) {
+    form.AfterSave = [this](shell::EntryForm& saved) {
+        store::Value id = saved.EntryTable.FieldByName("JVID").AsValue();
+        RefreshList();
+        tblJV.Locate("JVID", {id});
+    };
+}
+
+void TfrmJVs::EditVoucher() {
+    if (tblJV.IsEmpty()) return;
+    // A posted voucher opens only to be looked at (and unposted): its edit is refused.
+    if (!tblJV.FieldByName("Posted").AsBoolean()) return EditRecord();
+    TfrmJV& form = VoucherForm();
+    FollowVoucher(form);
+    if (!form.EntryTable.Locate("JVID", {tblJV.FieldByName("JVID").AsValue()}))
+        throw Exception("The record has been deleted by another user");
+    form.Show();
+}
+
+void TfrmJVs::ConfirmDelete(store::DataSet& ds) {
+    std::string number = ds.FieldByName("JVNumber").AsString();
+    if (App().MessageDlg("Delete JV '" + number + "'?", ui::MsgType::Confirmation,
+                         {ui::mbYes, ui::mbNo}) != ui::mbYes)
+        Abort();
+    std::string refusal = "Unable to delete JV '" + number + "'...\n";
+    if (ds.FieldByName("Source").AsString() != "GL") throw Exception(refusal + text::NotGLSource);
+    if (ds.FieldByName("Posted").AsBoolean()) throw Exception(refusal + text::AlreadyPosted);
+    deletedId_ = ds.FieldByName("JVID").AsValue();
+}
+
+void TfrmJVs::CopyVoucher() {
+    if (tblJV.IsEmpty()) return;
+    if (tblJV.FieldByName("Source").AsString() != "GL")
+        throw Exception("Unable to copy JV '" + tblJV.FieldByName("JVNumber").AsString() +
+                        "'...\n" + text::NotGLSource);
+    int sourceId = static_cast<int>(tblJV.FieldByName("JVID").AsInteger());
+    TfrmJV& form = VoucherForm();
+    FollowVoucher(form);
+    form.CopyFrom(sourceId);
+    form.Show();
+}
+
+void TfrmJVs::PostVouchers() {
+    ui::Form* post = MakeRegistered("frmJVsPost");
+    if (!post) return;
+    post->ShowModal();
+    RefreshList();
+}
+
+void TfrmJVs::OpenHistory() {
+    if (ui::Form* history = MakeRegistered("frmGLHistory")) history->Show();
+}
+
+} // namespace corvane::ledger

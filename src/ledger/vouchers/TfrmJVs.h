@@ -1,0 +1,58 @@
+#pragma once
+
+#include "shell/main/FormRegistry.h"
+#include "shell/patterns/ListForm.h"
+#include "ui/MenuItem.h"
+#include "ui/ToolBar.h"
+
+namespace corvane::ledger {
+
+class TfrmJV;
+
+// Every voucher of every source, by period. Only manual (GL) vouchers may be deleted or copied;
+// a posted one opens to be looked at and unposted, not edited.
+class TfrmJVs : public shell::ListForm {
+public:
+    // registry and context open the forms of other parts of the ledger (posting, history);
+    // without them those commands are hidden.
+    TfrmJVs(ui::Application& app, store::Database& db,
+            const shell::FormRegistry* registry = nullptr, shell::TfrmCorvane* main = nullptr);
+
+    store::Table& tblJV = MainTable;
+    ui::MenuItem& mnuSortPeriod;
+    ui::MenuItem& mnuSortPeriodDesc;
+    ui::MenuItem& mnuSortJVNumber;
+    ui::MenuItem& mnuSortPeriodDate;
+    ui::MenuItem& mnuSortPeriodDateDesc;
+    ui::MenuItem& mnuSortDescription;
+    ui::MenuItem mnuCopy{mnuRecords, "mnuCopy", "&Copy"};
+    ui::MenuItem mnuPost{mnuRecords, "mnuPost", "&Post..."};
+    ui::MenuItem mnuHistory{mnuView, "mnuHistory", "&History..."};
+    ui::ToolButton tbnCopy{tlbList, "tbnCopy", mnuCopy};
+    ui::ToolButton tbnPost{tlbList, "tbnPost", mnuPost};
+
+    void EditVoucher();
+    void CopyVoucher();
+    void PostVouchers();
+    void OpenHistory();
+
+protected:
+    shell::EntryForm& Entry() override;
+    shell::FilterForm* Filter() override;
+    shell::FindForm* Find() override;
+
+private:
+    TfrmJV& VoucherForm();
+    void AddListFields();
+    void ConfirmDelete(store::DataSet& ds);
+    void FollowVoucher(TfrmJV& form);
+    void SortByTitle(ui::GridColumn& column);
+    // Opens a form of the registry; false when nobody registered it.
+    ui::Form* MakeRegistered(std::string_view name);
+
+    const shell::FormRegistry* registry_;
+    shell::TfrmCorvane* main_;
+    store::Value deletedId_;
+};
+
+} // namespace corvane::ledger
