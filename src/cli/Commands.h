@@ -5,8 +5,10 @@
 
 namespace corvane::cli {
 
-// Runs "create-company FOLDER", "tables FOLDER", "sql FOLDER QUERY" or "script FILE"; returns
-// the exit code.
+// Runs one command line of corvane-cli and returns its exit code: "create-company FOLDER",
+// "tables FOLDER", "sql FOLDER QUERY", "script FILE", or one of the ledger's commands on a
+// company folder, "post FOLDER", "check FOLDER" and "export-ledger FOLDER" (LedgerCommands.h).
+// Anything else prints the usage and returns 2. A company that cannot be opened raises.
 int RunCommand(const std::vector<std::string>& args);
 
 } // namespace corvane::cli

@@ -7,6 +7,7 @@
 #include "store/Session.h"
 
 #include <exception>
+#include <string>
 
 namespace corvane::cli {
 
@@ -16,13 +17,18 @@ int PostVouchers(const std::string& folder, std::ostream& out, std::ostream& err
     db.SetDirectory(folder);
     db.Open();
     ledger::PostingRun run(db);
+    // Nobody is there to answer the lock question: the store's own retries are the wait, and
+    // the question itself, which names the table another job holds, is what the user reads.
+    std::string lockQuestion;
     try {
-        // Nobody is there to answer the lock question: the store's own retries are the wait.
-        const auto posted = run.Run([](const std::string&) { return false; });
+        const auto posted = run.Run([&lockQuestion](const std::string& question) {
+            lockQuestion = question;
+            return false;
+        });
         out << posted << " JV(s) posted\n";
         return 0;
     } catch (const std::exception& e) {
-        err << e.what() << "\n";
+        err << (lockQuestion.empty() ? std::string(e.what()) : lockQuestion) << "\n";
         return 1;
     }
 }

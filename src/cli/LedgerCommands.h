@@ -5,7 +5,8 @@
 
 namespace corvane::cli {
 
-// "post COMPANY": posts every unposted voucher and prints how many.
+// "post COMPANY": posts every unposted voucher and prints how many; when it cannot, prints why
+// on err (for a lock held by another job, the question the windows would ask) and returns 1.
 int PostVouchers(const std::string& folder, std::ostream& out, std::ostream& err);
 // "check COMPANY": prints each difference the ledger check finds and returns 1, else prints
 // "ledger ok" and returns 0.

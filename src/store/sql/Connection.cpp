@@ -5,6 +5,7 @@
 
 #include <cmath>
 #include <sqlite3.h>
+#include <utility>
 
 namespace corvane::store {
 
@@ -178,6 +179,21 @@ Value Statement::ColumnNatural(int column) const {
     }
 }
 
+namespace {
+std::string& NewConnectionVfs() {
+    static std::string name;
+    return name;
+}
+} // namespace
+
+void Connection::SetVfsForNewConnections(std::string name) {
+    NewConnectionVfs() = std::move(name);
+}
+
+const std::string& Connection::VfsForNewConnections() {
+    return NewConnectionVfs();
+}
+
 Connection::Connection(const std::string& path, Mode mode) {
     int flags = SQLITE_OPEN_NOMUTEX | SQLITE_OPEN_URI;
     switch (mode) {
@@ -191,7 +207,8 @@ Connection::Connection(const std::string& path, Mode mode) {
         flags |= SQLITE_OPEN_READONLY;
         break;
     }
-    int rc = sqlite3_open_v2(path.c_str(), &db_, flags, nullptr);
+    const std::string& vfs = NewConnectionVfs();
+    int rc = sqlite3_open_v2(path.c_str(), &db_, flags, vfs.empty() ? nullptr : vfs.c_str());
     if (rc != SQLITE_OK) {
         std::string message = db_ ? sqlite3_errmsg(db_) : "out of memory";
         sqlite3_close_v2(db_);

@@ -77,6 +77,12 @@ public:
     Statement& Cached(const std::string& sql);
     void ClearCache();
 
+    // The SQLite VFS that connections opened from now on go through; empty for the default.
+    // Tests name a layer that fails chosen writes, to prove a failure midway leaves a company
+    // whole. Not guarded: set it while no other thread opens connections.
+    static void SetVfsForNewConnections(std::string name);
+    static const std::string& VfsForNewConnections();
+
     std::int64_t LastInsertRowId() const;
     int Changes() const;
     bool InTransaction() const;
