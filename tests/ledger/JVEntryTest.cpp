@@ -26,10 +26,11 @@ TEST_F(JVNumbering, TenMillionIsStillGivenThenTheNextStartsAgain) {
     EXPECT_EQ(form.tblJV.FieldByName("JVNumber").AsInteger(), 10000000);
     EXPECT_EQ(form.tblJV.FieldByName("JVID").AsInteger(), 50);
     form.Close(); // nobody typed: the number stays used
+    EXPECT_FALSE(VoucherFormOpen());
     EXPECT_EQ(CountRows("JV"), 0);
-    form.EntryTable.Insert();
-    EXPECT_EQ(form.tblJV.FieldByName("JVNumber").AsInteger(), 1001);
-    EXPECT_EQ(form.tblJV.FieldByName("JVID").AsInteger(), 51);
+    ledger::TfrmJV& next = NewVoucherForm();
+    EXPECT_EQ(next.tblJV.FieldByName("JVNumber").AsInteger(), 1001);
+    EXPECT_EQ(next.tblJV.FieldByName("JVID").AsInteger(), 51);
 }
 
 TEST_F(JVForm, ANewVoucherTakesItsDefaultsAndItsCaptionFollowsTheDescription) {
@@ -57,7 +58,7 @@ TEST_F(JVSave, EachRefusalComesInItsOrderAndWritesNoVoucher) {
         EXPECT_EQ(LastMessage(), expected);
         EXPECT_EQ(form.tblJV.State(), store::DataSetState::Insert);
         EXPECT_TRUE(form.Visible());
-        EXPECT_EQ(CountRows("JV"), 0);
+        EXPECT_EQ(SavedRowsOf(form), "0/0") << expected;
         if (focus) {
             EXPECT_EQ(d.FocusedName(), focus) << expected;
         }
@@ -84,17 +85,21 @@ TEST_F(JVSave, EachRefusalComesInItsOrderAndWritesNoVoucher) {
     EXPECT_EQ(SqlText("SELECT JVNumber, JVAmount, Posted FROM JV"), "1001,25,False");
     EXPECT_EQ(SqlText("SELECT Seq, GLAccountID, GLAmount FROM JVDet ORDER BY Seq"),
               "1,1,0|2,1,25|3,2,-20|4,2,-5");
-    EXPECT_FALSE(form.Visible());
+    EXPECT_FALSE(VoucherFormOpen());
 }
 
 TEST_F(JVSave, AClosedPeriodIsRefusedBeforeTheDescription) {
     ledger::TfrmJV& form = NewVoucherForm();
     ui::FormDriver d(form);
     d.EnterText("editYear", "16");
+    d.EnterText("editDescription", "Last year");
+    TypeLine(d, "1000", "5");
+    TypeLine(d, "4000", "-5");
     d.Click("btnOK");
     EXPECT_EQ(LastMessage(),
               "GL Period is prior to current fiscal year \nas defined by \"Your Company\"");
-    EXPECT_EQ(CountRows("JV"), 0);
+    EXPECT_EQ(SavedRowsOf(form), "0/0");
+    EXPECT_EQ(FormLines(form), "1,1,5|2,2,-5");
     EXPECT_EQ(form.tblJV.State(), store::DataSetState::Insert);
 }
 
@@ -108,11 +113,14 @@ TEST_F(JVSave, ASecondVoucherWithTheSameNumberInThePeriodIsRefused) {
     d.Click("btnOK");
     EXPECT_EQ(LastMessage(), text::DuplicateNumber);
     EXPECT_EQ(d.FocusedName(), "editJVNumber");
-    EXPECT_EQ(CountRows("JV"), 1);
+    // The lines had gone out before the voucher's row was refused: they went back with it.
+    EXPECT_EQ(SavedRowsOf(form), "0/0");
+    EXPECT_EQ(SavedLines(7), "1,1,10|2,2,-10");
     // Another period may hold the same number.
     d.EnterText("editPeriod", "4");
     d.Click("btnOK");
     EXPECT_EQ(CountRows("JV"), 2);
+    EXPECT_EQ(CountRows("JVDet"), 4);
 }
 
 TEST_F(JVLines, ALineNeedsAKnownAccountAndKnownSubaccounts) {
@@ -139,10 +147,10 @@ TEST_F(JVLines, ALineNeedsAKnownAccountAndKnownSubaccounts) {
     form.tblJVDet.FieldByName("SubAccount2ID").SetAsInteger(42);
     d.Click("popNewLine");
     EXPECT_EQ(LastMessage(), "Subaccount 2 not found...\nMake changes or press Esc to undo");
-    EXPECT_EQ(CountRows("JVDet"), 0);
+    EXPECT_EQ(form.tblJVDet.RecordCount(), 0);
     d.EnterText("editSub2", "10");
     d.Click("popNewLine");
-    EXPECT_EQ(CountRows("JVDet"), 1);
+    EXPECT_EQ(FormLines(form), "1,1,5");
     form.tblJVDet.First();
     EXPECT_EQ(form.tblJVDet.FieldByName("Name").AsString(), "Cash - East 2");
     EXPECT_EQ(form.tblJVDet.FieldByName("GLAccountID").DisplayText(), "1000");
@@ -163,7 +171,7 @@ TEST_F(JVLines, TotalsFollowEachSaveAndDeleteAndSetTheVoucherAmount) {
     EXPECT_TRUE(form.tblJV.FieldByName("JVAmount").AsMoney().IsZero());
     d.Click("popDeleteLine");
     EXPECT_EQ(form.stbTotals.SimpleText, "Debits: 0.00   Credits: 0.00");
-    EXPECT_EQ(CountRows("JVDet"), 0);
+    EXPECT_EQ(FormLines(form), "");
 }
 
 TEST_F(JVForm, ASavedVoucherStartsFromItsAmountAndNumbersNewLinesOnward) {
@@ -207,11 +215,90 @@ TEST_F(JVForm, CancellingANewVoucherTakesItsLinesAway) {
     TypeLine(d, "1000", "5");
     TypeLine(d, "4000", "-5");
     d.Click("popNewLine");
-    ASSERT_EQ(CountRows("JVDet"), 2);
+    EXPECT_EQ(FormLines(form), "1,1,5|2,2,-5");
+    EXPECT_EQ(CountRows("JVDet"), 0) << "lines wait for the voucher";
+    std::string scratch = form.LinesTableName();
     d.Click("btnCancel");
     EXPECT_EQ(CountRows("JVDet"), 0);
     EXPECT_EQ(CountRows("JV"), 0);
-    EXPECT_FALSE(form.Visible());
+    EXPECT_FALSE(VoucherFormOpen());
+    EXPECT_FALSE(db_.TableExists(store::Database::MemorySchema, scratch));
+}
+
+TEST_F(JVForm, CancellingAnEditBringsBackTheSavedLines) {
+    AddVoucher(7, 1500, "GL", "JV", false, 3000);
+    ledger::TfrmJV& form = app.CreateForm<ledger::TfrmJV>(db_);
+    ASSERT_TRUE(form.tblJV.Locate("JVID", {7}));
+    form.tblJV.Edit();
+    form.Show();
+    ui::FormDriver d(form);
+    form.tblJVDet.First();
+    d.EnterText("editAmount", "45"); // the debit changed
+    d.Focus("editAccount");
+    form.tblJVDet.Last();
+    d.Click("popDeleteLine"); // the credit gone
+    TypeLine(d, "4000", "-45");
+    d.Click("popNewLine");
+    EXPECT_EQ(FormLines(form), "1,1,45|3,2,-45");
+    EXPECT_EQ(SavedLines(7), "1,1,30|2,2,-30");
+    form.tblJV.Cancel(); // Escape: the form stays, on the voucher as saved
+    EXPECT_EQ(SavedLines(7), "1,1,30|2,2,-30");
+    EXPECT_EQ(SqlText("SELECT JVAmount FROM JV"), "30");
+    EXPECT_EQ(FormLines(form), "1,1,30|2,2,-30");
+    EXPECT_EQ(form.stbTotals.SimpleText, "Debits: 30.00   Credits: 30.00CR");
+    // Changed again, new lines are numbered after the saved ones.
+    form.tblJV.Edit();
+    EXPECT_EQ(form.stbTotals.SimpleText, "Debits: 30.00   Credits: 30.00CR");
+    TypeLine(d, "1000", "1");
+    TypeLine(d, "4000", "-1");
+    d.Click("btnOK");
+    EXPECT_EQ(SavedLines(7), "1,1,30|2,2,-30|3,1,1|4,2,-1");
+}
+
+TEST_F(JVSave, ARefusedEditLeavesTheSavedVoucherAsItWas) {
+    AddVoucher(7, 1500, "GL", "JV", false, 3000);
+    ledger::TfrmJV& form = app.CreateForm<ledger::TfrmJV>(db_);
+    ASSERT_TRUE(form.tblJV.Locate("JVID", {7}));
+    form.tblJV.Edit();
+    form.Show();
+    ui::FormDriver d(form);
+    TypeLine(d, "1000", "5");
+    d.Click("btnOK");
+    EXPECT_EQ(LastMessage(), text::OutOfBalance);
+    EXPECT_EQ(SavedLines(7), "1,1,30|2,2,-30");
+    EXPECT_EQ(SqlText("SELECT JVAmount FROM JV"), "30");
+    EXPECT_EQ(FormLines(form), "1,1,30|2,2,-30|3,1,5");
+    EXPECT_TRUE(form.Visible());
+}
+
+TEST_F(JVSave, ClosingAsksAndSavesTheVoucherWithItsLinesOrNeither) {
+    ledger::TfrmJV& form = NewVoucherForm();
+    ui::FormDriver d(form);
+    d.EnterText("editDescription", "Kept");
+    TypeLine(d, "1000", "5");
+    TypeLine(d, "4000", "-4");
+    dialogs.Answer("Do you want to save changes?", ui::mbYes);
+    d.Close();
+    EXPECT_EQ(LastMessage(), text::OutOfBalance);
+    EXPECT_TRUE(form.Visible());
+    EXPECT_EQ(SavedRowsOf(form), "0/0");
+    d.EnterText("editAmount", "-5");
+    dialogs.Answer("Do you want to save changes?", ui::mbYes);
+    d.Close();
+    EXPECT_FALSE(VoucherFormOpen());
+    EXPECT_EQ(SqlText("SELECT TransDescription, JVAmount FROM JV"), "Kept,5");
+    EXPECT_EQ(SqlText("SELECT GLAmount FROM JVDet ORDER BY Seq"), "5|-5");
+
+    ledger::TfrmJV& second = NewVoucherForm();
+    ui::FormDriver d2(second);
+    d2.EnterText("editDescription", "Dropped");
+    TypeLine(d2, "1000", "7");
+    TypeLine(d2, "4000", "-7");
+    dialogs.Answer("Do you want to save changes?", ui::mbNo);
+    d2.Close();
+    EXPECT_FALSE(VoucherFormOpen());
+    EXPECT_EQ(CountRows("JV"), 1);
+    EXPECT_EQ(CountRows("JVDet"), 2);
 }
 
 TEST_F(JVForm, SubledgerVouchersShowTheirVendorAfterTheStoredText) {
@@ -243,10 +330,9 @@ TEST_F(JVForm, TheUnpostButtonShowsOnlyOnAPostedVoucherAndHonoursAClosedYear) {
     EXPECT_EQ(SqlText("SELECT Posted FROM JV"), "True");
 
     form.Close();
-    form.EntryTable.Insert();
-    form.Show();
-    EXPECT_FALSE(form.btnUnpost.Visible);
-    EXPECT_FALSE(form.lblPosted.Visible);
+    ledger::TfrmJV& next = NewVoucherForm();
+    EXPECT_FALSE(next.btnUnpost.Visible);
+    EXPECT_FALSE(next.lblPosted.Visible);
 }
 
 TEST_F(JVForm, AnUnpostedVoucherCanBeChangedAgain) {

@@ -89,10 +89,11 @@ TEST_F(JVList, CopyRefusesOtherSourcesAndCopiesAManualVoucherWhole) {
     EXPECT_EQ(form.tblJV.FieldByName("TransDescription").AsString(), "Voucher 1003");
     EXPECT_FALSE(form.tblJV.FieldByName("Posted").AsBoolean());
     EXPECT_EQ(form.stbTotals.SimpleText, "Debits: 10.00   Credits: 10.00CR");
+    EXPECT_EQ(CountRows("JVDet"), 6) << "the copied lines wait for OK";
+    ui::FormDriver(form).Click("btnOK");
     EXPECT_EQ(SqlText("SELECT Seq, GLAccountID, SubAccount2ID, GLAmount FROM JVDet WHERE JVID = 50 "
                       "ORDER BY Seq"),
               "1,1,,10|2,2,1,-10");
-    ui::FormDriver(form).Click("btnOK");
     EXPECT_EQ(SqlText("SELECT JVNumber, JVAmount, Posted FROM JV WHERE JVID = 50"),
               "1004,10,False");
     EXPECT_EQ(list->tblJV.FieldByName("JVID").AsInteger(), 50) << "the list follows the copy";

@@ -93,6 +93,25 @@ protected:
         return rows;
     }
 
+    // The saved lines of one voucher, "Seq,account,amount" joined by '|'.
+    std::string SavedLines(std::int64_t jvid) {
+        return SqlText("SELECT Seq, GLAccountID, GLAmount FROM JVDet WHERE JVID = " +
+                       std::to_string(jvid) + " ORDER BY Seq");
+    }
+    std::string SavedRowsOf(ledger::TfrmJV& form) {
+        std::string id = std::to_string(form.EntryTable.FieldByName("JVID").AsInteger());
+        return SqlText("SELECT COUNT(*) AS n FROM JV WHERE JVID = " + id) + "/" +
+               SqlText("SELECT COUNT(*) AS n FROM JVDet WHERE JVID = " + id);
+    }
+    // The lines the form holds, in the same shape as SavedLines.
+    std::string FormLines(const ledger::TfrmJV& form) {
+        return SqlText("SELECT Seq, GLAccountID, GLAmount FROM \"\\Memory\\" +
+                       form.LinesTableName() + "\" ORDER BY Seq");
+    }
+
+    // A closed voucher form is gone: posting may start.
+    bool VoucherFormOpen() const { return app.FindForm("frmJV") != nullptr; }
+
     std::string LastMessage() const { return dialogs.LastText(); }
 };
 

@@ -14,6 +14,8 @@
 #include "ui/Application.h"
 #include "ui/Layout.h"
 
+#include <algorithm>
+
 namespace corvane::ledger {
 
 using store::DataSetState;
@@ -31,7 +33,7 @@ constexpr const char* kSubFields[] = {"SubAccount1ID", "SubAccount2ID", "SubAcco
 } // namespace
 
 TfrmJV::TfrmJV(ui::Application& app, store::Database& db)
-    : EntryForm(app, "frmJV", db, "JV", "tblJV"), tblJVDet(db, "JVDet"), tblGLAccnt(db, "GLAccnt"),
+    : EntryForm(app, "frmJV", db, "JV", "tblJV"), tblJVDet(db), tblGLAccnt(db, "GLAccnt"),
       tblSub1(db, "GLAcSub1"), tblSub2(db, "GLAcSub2"), tblSub3(db, "GLAcSub3"),
       tblVendor(db, "Vendor"), tblCustomer(db, "Customer") {
     using namespace ui;
@@ -84,9 +86,19 @@ TfrmJV::TfrmJV(ui::Application& app, store::Database& db)
     EntryTable.BeforeEdit = [this](store::DataSet&) {
         if (Posted()) RefusePosted();
     };
-    EntryTable.BeforePost = [this](store::DataSet&) { CheckBeforeSave(); };
+    EntryTable.BeforePost = [this](store::DataSet&) {
+        if (!checked_) CheckBeforeSave();
+        BeginWrite();
+    };
+    EntryTable.OnPostError = [this](store::DataSet&, store::EngineError&, store::DataAction&) {
+        pending_.reset();
+    };
     EntryTable.BeforeCancel = [this](store::DataSet&) { DropNewLines(); };
     EntryTable.AfterPost = [this](store::DataSet&) {
+        if (pending_) {
+            pending_->Commit();
+            pending_.reset();
+        }
         copying_ = false;
         ShowCaption();
     };
@@ -111,6 +123,8 @@ TfrmJV::TfrmJV(ui::Application& app, store::Database& db)
     };
     editDescription.OnChange = [this] { ShowCaption(); };
     btnUnpost.OnClick = [this] { Unpost(); };
+    // A voucher form left hidden would keep the posting run from starting.
+    OnClose = [](ui::CloseAction& action) { action = ui::CloseAction::Free; };
     popNewLine.OnClick = [this] { NewLine(); };
     popDeleteLine.OnClick = [this] { DeleteLine(); };
     btnGLAccounts.OnClick = [this] {
@@ -128,6 +142,13 @@ TfrmJV::TfrmJV(ui::Application& app, store::Database& db)
 TfrmJV::~TfrmJV() {
     // The lines close first, while the tables their names and numbers come from still stand.
     tblJVDet.Close();
+    pending_.reset();
+    store::Database& db = EntryTable.OwnerDatabase();
+    try {
+        if (db.Connected() && db.TableExists(store::Database::MemorySchema, linesTable_))
+            db.DropTable(store::Database::MemorySchema, linesTable_);
+    } catch (...) {
+    }
     // The voucher cursor belongs to the base and outlives the members its handlers reach into;
     // closing it cancels a voucher still in insert, which must then do nothing here.
     for (store::DataSet::Handler* handler :
@@ -135,6 +156,7 @@ TfrmJV::~TfrmJV() {
           &EntryTable.BeforeCancel, &EntryTable.AfterPost, &EntryTable.AfterCancel,
           &EntryTable.AfterScroll, &EntryTable.BeforeClose, &EntryTable.AfterOpen})
         *handler = nullptr;
+    EntryTable.OnPostError = nullptr;
     if (store::Field* description = EntryTable.FindField("TransDescription")) {
         description->OnGetText = nullptr;
         description->OnSetText = nullptr;
@@ -142,9 +164,11 @@ TfrmJV::~TfrmJV() {
 }
 
 void TfrmJV::SetUpLineFields() {
+    CreateLinesTable();
     tblJVDet.Name = "tblJVDet";
+    tblJVDet.SetTableName(linesTable_);
+    tblJVDet.SetDatabaseName(std::string(store::Database::MemorySchema));
     tblJVDet.AddCalculatedField("Name", store::FieldType::String, 120);
-    tblJVDet.SetMasterSource(&EntryTable, "JVID");
     tblJVDet.Open();
 
     store::Field& account = tblJVDet.FieldByName("GLAccountID");
@@ -176,7 +200,10 @@ void TfrmJV::SetUpLineFields() {
     tblJVDet.BeforeInsert = tblJVDet.BeforeEdit = tblJVDet.BeforeDelete = [this](store::DataSet&) {
         if (Posted()) RefusePosted();
     };
-    tblJVDet.OnNewRecord = [this](store::DataSet&) { lineBefore_ = Money(); };
+    tblJVDet.OnNewRecord = [this](store::DataSet& ds) {
+        ds.FieldByName("JVID").SetValue(EntryTable.FieldByName("JVID").AsValue());
+        lineBefore_ = Money();
+    };
     tblJVDet.AfterEdit = [this](store::DataSet& ds) {
         lineBefore_ = ds.FieldByName("GLAmount").AsMoney();
     };
@@ -222,23 +249,106 @@ void TfrmJV::NewVoucher() {
     EntryTable.FieldByName("GLYear").SetAsInteger(period.Year);
     EntryTable.FieldByName("JVAmount").SetAsMoney(Money());
     totals_.Clear();
-    nextSeq_ = 1;
+    ClearLines();
     ShowTotals();
 }
 
 void TfrmJV::StartFromSaved() {
-    if (!EntryTable.Active() || EntryTable.State() == DataSetState::Insert || EntryTable.IsEmpty())
-        return;
-    totals_.StartFrom(EntryTable.FieldByName("JVAmount").AsMoney());
-    store::Query last(EntryTable.OwnerDatabase(),
-                      "SELECT MAX(Seq) AS LastSeq FROM JVDet WHERE JVID = :JVID");
-    last.ParamByName("JVID").SetValue(EntryTable.FieldByName("JVID").AsValue());
-    last.Open();
-    nextSeq_ = last.FieldByName("LastSeq").IsNull()
-                   ? 1
-                   : static_cast<int>(last.FieldByName("LastSeq").AsInteger()) + 1;
+    // Only a voucher at rest shows what is saved: one being typed keeps its own lines.
+    if (closing_ || !EntryTable.Active() || EntryTable.State() != DataSetState::Browse) return;
+    if (EntryTable.IsEmpty()) {
+        totals_.Clear();
+        ClearLines();
+    } else {
+        totals_.StartFrom(EntryTable.FieldByName("JVAmount").AsMoney());
+        LoadSavedLines();
+    }
     ShowTotals();
     ShowPostedState();
+}
+
+void TfrmJV::CreateLinesTable() {
+    // Each open voucher form has its own scratch table: two of them never share lines.
+    static int formsMade = 0;
+    store::Database& db = EntryTable.OwnerDatabase();
+    store::TableDef def = db.TableDefinition(store::Database::MainSchema, "JVDet");
+    do
+        linesTable_ = "JVLines" + std::to_string(++formsMade);
+    while (db.TableExists(store::Database::MemorySchema, linesTable_));
+    def.Name = linesTable_;
+    db.CreateTable(def, store::Database::MemorySchema);
+}
+
+void TfrmJV::ClearLines() {
+    nextSeq_ = 1;
+    if (!tblJVDet.Active()) return;
+    if (Editing(tblJVDet)) tblJVDet.Cancel();
+    // The name is the form's own, never typed by anyone.
+    store::Query clear(EntryTable.OwnerDatabase(), "DELETE FROM \"\\Memory\\" + linesTable_ + "\"");
+    clear.ExecSQL();
+    tblJVDet.Refresh();
+}
+
+void TfrmJV::LoadSavedLines() {
+    ClearLines();
+    store::Database& db = EntryTable.OwnerDatabase();
+    store::Query saved(db, "SELECT * FROM JVDet WHERE JVID = :JVID ORDER BY Seq");
+    saved.ParamByName("JVID").SetValue(EntryTable.FieldByName("JVID").AsValue());
+    saved.Open();
+    // A cursor of its own, so that loading is not taken for typing.
+    store::Table lines(db, linesTable_);
+    lines.SetDatabaseName(std::string(store::Database::MemorySchema));
+    lines.Open();
+    for (; !saved.Eof(); saved.Next()) {
+        lines.Append();
+        for (const store::FieldDef& field : lines.Definition().Fields)
+            lines.FieldByName(field.Name).SetValue(saved.FieldByName(field.Name).AsValue());
+        lines.Post();
+        const store::Field& seq = saved.FieldByName("Seq");
+        if (!seq.IsNull()) nextSeq_ = std::max(nextSeq_, static_cast<int>(seq.AsInteger()) + 1);
+    }
+    lines.Close();
+    tblJVDet.Refresh();
+    tblJVDet.First();
+}
+
+void TfrmJV::CheckRequiredFields() {
+    // What the post itself would refuse is refused before the lines are written.
+    for (const auto& field : EntryTable.Fields())
+        if (field->Required && field->IsNull() && field->DataType() != store::FieldType::AutoInc)
+            store::ThrowEngineError(store::errRequiredField,
+                                    "Field '" + field->Label() + "' must have a value");
+}
+
+void TfrmJV::BeginWrite() {
+    CheckRequiredFields();
+    pending_.emplace(EntryTable.OwnerDatabase(), std::vector<std::string>{"JV", "JVDet"});
+    try {
+        WriteLines();
+    } catch (...) {
+        pending_.reset();
+        throw;
+    }
+}
+
+void TfrmJV::WriteLines() {
+    store::Database& db = EntryTable.OwnerDatabase();
+    const store::Value& id = EntryTable.FieldByName("JVID").AsValue();
+    store::Query drop(db, "DELETE FROM JVDet WHERE JVID = :JVID");
+    drop.ParamByName("JVID").SetValue(id);
+    drop.ExecSQL();
+    store::Table lines(db, linesTable_);
+    lines.SetDatabaseName(std::string(store::Database::MemorySchema));
+    lines.Open();
+    store::Table saved(db, "JVDet");
+    saved.Open();
+    for (lines.First(); !lines.Eof(); lines.Next()) {
+        saved.Append();
+        for (const store::FieldDef& field : lines.Definition().Fields)
+            saved.FieldByName(field.Name).SetValue(lines.FieldByName(field.Name).AsValue());
+        saved.FieldByName("JVID").SetValue(id);
+        saved.Post();
+    }
 }
 
 void TfrmJV::Focus(ui::Control& control) {
@@ -339,15 +449,31 @@ void TfrmJV::RefusePosted() const {
 
 void TfrmJV::DropNewLines() {
     if (closing_) return;
+    // The saved lines come back once the voucher is at rest again (after the cancel).
     if (Editing(tblJVDet)) tblJVDet.Cancel();
     if (EntryTable.State() != DataSetState::Insert) return;
-    // The lines of a voucher that is never saved would belong to nothing.
-    store::Query drop(EntryTable.OwnerDatabase(), "DELETE FROM JVDet WHERE JVID = :JVID");
-    drop.ParamByName("JVID").SetValue(EntryTable.FieldByName("JVID").AsValue());
-    drop.ExecSQL();
-    tblJVDet.Refresh();
+    ClearLines();
     totals_.Clear();
     ShowTotals();
+}
+
+bool TfrmJV::HasUnsavedWork() {
+    // A line still being typed counts as a change of the voucher.
+    return EntryForm::HasUnsavedWork() || (Editing(tblJVDet) && tblJVDet.Modified());
+}
+
+void TfrmJV::DropUntouchedWork() {
+    if (EntryTable.State() == DataSetState::Insert)
+        EntryTable.Cancel();
+    else if (Editing(tblJVDet))
+        tblJVDet.Cancel();
+}
+
+void TfrmJV::DropWork() {
+    if (Editing(EntryTable))
+        EntryTable.Cancel();
+    else if (Editing(tblJVDet))
+        tblJVDet.Cancel();
 }
 
 void TfrmJV::Unpost() {
@@ -382,12 +508,24 @@ void TfrmJV::SaveVoucher() {
     CommitPendingEdit();
     if (Editing(tblJVDet)) tblJVDet.CheckBrowseMode();
     if (!Editing(EntryTable)) return;
+    // The checks stop on what the user typed: they run before the write lock is taken.
+    CheckBeforeSave();
+    checked_ = true;
+    struct Unchecked {
+        bool& flag;
+        ~Unchecked() { flag = false; }
+    } unchecked{checked_};
     try {
         EntryTable.Post();
     } catch (const store::EngineError& e) {
+        pending_.reset();
         if (e.ErrorCode() == store::errKeyViolation) throw Exception(KeyViolationMessage());
         throw;
+    } catch (...) {
+        pending_.reset();
+        throw;
     }
+    EntryTable.FlushBuffers();
     if (AfterSave) AfterSave(*this);
 }
 
@@ -402,7 +540,6 @@ void TfrmJV::CopyFrom(int sourceId) {
     lines.ParamByName("JVID").SetAsInteger(sourceId);
     lines.Open();
 
-    store::Transaction transaction(db, {"JV", "JVDet", "JVCtl"});
     try {
         EntryTable.Insert();
         copying_ = true;
@@ -418,7 +555,6 @@ void TfrmJV::CopyFrom(int sourceId) {
                 tblJVDet.FieldByName(field).SetValue(lines.FieldByName(field).AsValue());
             tblJVDet.Post();
         }
-        transaction.Commit();
     } catch (...) {
         copying_ = false;
         if (Editing(tblJVDet)) tblJVDet.Cancel();

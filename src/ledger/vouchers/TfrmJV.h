@@ -15,13 +15,16 @@
 #include "ui/StatusBar.h"
 
 #include <functional>
+#include <optional>
 #include <string>
 
 namespace corvane::ledger {
 
 // One journal voucher: its header and a grid of lines (account, signed amount, subaccounts), with
-// running debit and credit totals below. The lines are written as each one is left; the header
-// is written by OK once the voucher balances. A posted voucher is shown but refuses every change.
+// running debit and credit totals below. The lines are kept in a scratch table of the form's own
+// until the voucher saves, and then go to the company with the header in one transaction: a
+// refused save writes nothing, and Cancel forgets every change of lines. A posted voucher is
+// shown but refuses every change.
 class TfrmJV : public shell::EntryForm {
 public:
     TfrmJV(ui::Application& app, store::Database& db);
@@ -60,10 +63,13 @@ public:
 
     const VoucherTotals& Totals() const { return totals_; }
     // A new voucher with the lines, description, amount and auto-reverse of the saved voucher
-    // sourceId, numbered and written in one transaction; the header waits for OK.
+    // sourceId and a number of its own; nothing is written until OK.
     void CopyFrom(int sourceId);
-    // Writes the open line and then the voucher; a refusal leaves both as typed.
+    // Keeps the open line, checks the voucher, then writes it and its lines as one unit; a
+    // refusal writes nothing and leaves both as typed.
     void SaveVoucher();
+    // The scratch table holding the lines shown, in the "memory" database.
+    const std::string& LinesTableName() const { return linesTable_; }
     // Opens the form named in the registry (the accounts list); set by whoever registers the form.
     std::function<void(const std::string& formName)> OpenRegisteredForm;
 
@@ -86,6 +92,17 @@ private:
     void Focus(ui::Control& control);
     bool Posted();
     void DropNewLines();
+    void CreateLinesTable();
+    void ClearLines();
+    void LoadSavedLines();
+    void WriteLines();
+    // The close question's work: the voucher and its lines.
+    bool HasUnsavedWork() override;
+    void DropUntouchedWork() override;
+    void SaveWork() override { SaveVoucher(); }
+    void DropWork() override;
+    void BeginWrite();
+    void CheckRequiredFields();
     void DeleteLine();
     void NewLine();
     void Unpost();
@@ -97,6 +114,11 @@ private:
     Money deletedAmount_;
     bool copying_ = false;
     bool closing_ = false;
+    // The save has run its checks before taking the write lock; the post must not repeat them.
+    bool checked_ = false;
+    std::string linesTable_;
+    // The voucher's write, open from the lines being written until its row is.
+    std::optional<store::Transaction> pending_;
     // The number edit, reachable from the const hook that words a duplicate key.
     ui::DBEdit* const numberEdit_ = &editJVNumber;
     ui::FieldDataLink captionNumberLink_{EntryTable, "JVNumber", [this] { ShowCaption(); }};

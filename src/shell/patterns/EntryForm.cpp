@@ -53,25 +53,32 @@ void EntryForm::CancelAndClose() {
     Close();
 }
 
+bool EntryForm::HasUnsavedWork() {
+    return EntryTable.State() == DataSetState::Edit ||
+           (EntryTable.State() == DataSetState::Insert && EntryTable.Modified());
+}
+
+void EntryForm::DropUntouchedWork() {
+    // A new record nobody typed into is no work to lose.
+    if (EntryTable.State() == DataSetState::Insert) EntryTable.Cancel();
+}
+
 void EntryForm::AskBeforeClose(bool& canClose) {
     // What is still in the focused edit counts as typed; after a Cancel there is nothing to keep.
     if (Editing(EntryTable)) CommitPendingEdit();
-    bool unsaved = EntryTable.State() == DataSetState::Edit ||
-                   (EntryTable.State() == DataSetState::Insert && EntryTable.Modified());
-    if (!unsaved) {
-        // A new record nobody typed into is no work to lose.
-        if (EntryTable.State() == DataSetState::Insert) EntryTable.Cancel();
+    if (!HasUnsavedWork()) {
+        DropUntouchedWork();
         return;
     }
     if (State == ui::WindowState::Minimized) State = ui::WindowState::Normal;
     switch (App().MessageDlg("Do you want to save changes?", ui::MsgType::Confirmation,
                              {ui::mbYes, ui::mbNo, ui::mbCancel})) {
     case ui::mbYes:
-        // A refused post raises here, and the close stops with the record as typed.
-        PostRecord();
+        // A refused save raises here, and the close stops with the work as typed.
+        SaveWork();
         break;
     case ui::mbNo:
-        EntryTable.Cancel();
+        DropWork();
         break;
     default:
         canClose = false;

@@ -34,6 +34,14 @@ protected:
     // The sentence shown when the post would give a second row the same unique key.
     virtual std::string KeyViolationMessage() const = 0;
 
+    // What the close question works with, for a form whose work is more than its one record (a
+    // voucher and its lines): whether anything typed is unsaved, dropping what nobody typed
+    // into, saving (raising when refused) and dropping the unsaved work.
+    virtual bool HasUnsavedWork();
+    virtual void DropUntouchedWork();
+    virtual void SaveWork() { PostRecord(); }
+    virtual void DropWork() { EntryTable.Cancel(); }
+
 private:
     void PostRecord();
     void AskBeforeClose(bool& canClose);
