@@ -50,6 +50,24 @@ TEST_F(JVForm, ANewVoucherTakesItsDefaultsAndItsCaptionFollowsTheDescription) {
     EXPECT_EQ(form.Caption, "New Journal Voucher");
 }
 
+// The period box takes 1 to 12 only: 13 is refused as it is typed, the voucher keeps its period.
+TEST_F(JVForm, APeriodNumberOutsideOneToTwelveIsRefusedWhereItIsTyped) {
+    ledger::TfrmJV& form = NewVoucherForm();
+    ui::FormDriver d(form);
+    app.Run([&] {
+        d.EnterText("editPeriod", "13");
+        d.Focus("editDescription");
+    });
+    EXPECT_EQ(dialogs.LastText(),
+              "13 is not a valid value for field 'Period'. The allowed range is 1 to 12");
+    EXPECT_EQ(form.tblJV.FieldByName("GLPeriod").AsInteger(), 3);
+    app.Run([&] {
+        d.EnterText("editPeriod", "12");
+        d.Focus("editDescription");
+    });
+    EXPECT_EQ(form.tblJV.FieldByName("GLPeriod").AsInteger(), 12);
+}
+
 TEST_F(JVSave, EachRefusalComesInItsOrderAndWritesNoVoucher) {
     ledger::TfrmJV& form = NewVoucherForm();
     ui::FormDriver d(form);

@@ -22,11 +22,6 @@ std::span<const CompanyPeriodField> CompanyPeriodFields() {
     return kFields;
 }
 
-void RefusePeriodNumber(long long value, std::string_view label) {
-    throw Exception(std::to_string(value) + " is not a valid value for field '" +
-                    std::string(label) + "'. The allowed range is 1 to 12");
-}
-
 void PrepareCompanyPeriodFields(store::Table& company) {
     store::Field& fiscalYear = company.FieldByName("FiscalYear");
     fiscalYear.DisplayLabel = "Fiscal Year";
@@ -39,10 +34,7 @@ void PrepareCompanyPeriodFields(store::Table& company) {
         EnterYearAsTwoDigits(year, BadYearMessage(label));
         store::Field& number = company.FieldByName(prefix + "PP");
         number.DisplayLabel = label;
-        number.OnValidate = [label](store::Field& f) {
-            if (!f.IsNull() && (f.AsInteger() < 1 || f.AsInteger() > 12))
-                RefusePeriodNumber(f.AsInteger(), label);
-        };
+        LimitPeriodNumber(number, label);
     }
 }
 

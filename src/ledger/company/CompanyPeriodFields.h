@@ -23,7 +23,4 @@ std::span<const CompanyPeriodField> CompanyPeriodFields();
 // its own label in the messages; the fiscal year is a two-digit entry as well.
 void PrepareCompanyPeriodFields(store::Table& company);
 
-// The refusal of a period number outside 1 to 12 for the field labelled label.
-[[noreturn]] void RefusePeriodNumber(long long value, std::string_view label);
-
 } // namespace corvane::ledger

@@ -1,5 +1,6 @@
 #include "ledger/periods/YearEntry.h"
 
+#include "core/Exception.h"
 #include "ledger/periods/PeriodCheck.h"
 #include "store/Field.h"
 
@@ -23,6 +24,14 @@ void EnterYearAsTwoDigits(store::Field& field, std::string message) {
         // The user edits what he types: the two digits that stand for the year.
         if (!displayText && year.size() >= 4) return year.substr(2, 2);
         return year;
+    };
+}
+
+void LimitPeriodNumber(store::Field& field, std::string label) {
+    field.OnValidate = [label = std::move(label)](store::Field& f) {
+        if (!f.IsNull() && (f.AsInteger() < 1 || f.AsInteger() > 12))
+            throw Exception(std::to_string(f.AsInteger()) + " is not a valid value for field '" +
+                            label + "'. The allowed range is 1 to 12");
     };
 }
 

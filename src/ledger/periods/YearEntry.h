@@ -17,4 +17,7 @@ std::string BadYearMessage(std::string_view label);
 // on a bad year; while edited it shows its last two digits, when only shown all four.
 void EnterYearAsTwoDigits(store::Field& field, std::string message);
 
+// A period number field takes 1 to 12 only; anything else is refused, naming the field by label.
+void LimitPeriodNumber(store::Field& field, std::string label);
+
 } // namespace corvane::ledger

@@ -45,6 +45,7 @@ TfrmJV::TfrmJV(ui::Application& app, store::Database& db)
     editTransDate.Bind(EntryTable, "TransDate");
     editTransDate.CalendarCaption = "Transaction Date";
     EnterYearAsTwoDigits(EntryTable.FieldByName("GLYear"), BadYearMessage("Period"));
+    LimitPeriodNumber(EntryTable.FieldByName("GLPeriod"), "Period");
     store::Field& description = EntryTable.FieldByName("TransDescription");
     description.OnGetText = [this](const store::Field& f, bool) { return DescriptionShown(f); };
     description.OnSetText = [this](store::Field& f, std::string_view typed) {
