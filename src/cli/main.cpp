@@ -1,8 +1,7 @@
 #include "cli/Commands.h"
 
-#include "core/Exception.h"
-
 #include <cstdio>
+#include <exception>
 #include <string>
 #include <vector>
 
@@ -11,7 +10,8 @@ int main(int argc, char** argv) {
     std::vector<std::string> args(argv + 1, argv + argc);
     try {
         return corvane::cli::RunCommand(args);
-    } catch (const corvane::Exception& e) {
+    } catch (const std::exception& e) {
+        // The program's own failures and the library's alike end with their message.
         std::fprintf(stderr, "%s\n", e.what());
         return 1;
     }
