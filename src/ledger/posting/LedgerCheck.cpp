@@ -1,6 +1,7 @@
 #include "ledger/posting/LedgerCheck.h"
 
 #include "core/Money.h"
+#include "ledger/posting/StatementColumns.h"
 #include "ledger/posting/VoucherPosting.h"
 #include "store/Database.h"
 #include "store/Value.h"
@@ -17,16 +18,6 @@ using store::StatementRun;
 using store::Value;
 
 namespace {
-
-std::optional<std::int64_t> OptionalInt(Statement& s, int column) {
-    if (s.ColumnIsNull(column)) return std::nullopt;
-    return s.ColumnInt(column);
-}
-
-Money MoneyAt(Statement& s, int column) {
-    Value v = s.ColumnValue(column, store::FieldType::Currency);
-    return v.IsNull() ? Money() : v.Money();
-}
 
 std::string Id(const std::optional<std::int64_t>& id) {
     return id ? std::to_string(*id) : std::string("-");
@@ -63,8 +54,7 @@ void CheckTotals(store::Database& db, std::vector<std::string>& out) {
             "GLAccountID, SubAccount1ID, SubAccount2ID, SubAccount3ID, GLYear, GLPeriod");
         StatementRun run(s);
         while (s.Step()) {
-            AccountKey a{OptionalInt(s, 0), OptionalInt(s, 1), OptionalInt(s, 2),
-                         OptionalInt(s, 3)};
+            AccountKey a = ReadAccount(s, 0);
             history[{a, static_cast<int>(s.ColumnInt(4)), static_cast<int>(s.ColumnInt(5))}] =
                 MoneyAt(s, 6);
         }
@@ -77,8 +67,7 @@ void CheckTotals(store::Database& db, std::vector<std::string>& out) {
         Statement& s = db.Conn().Cached(sql);
         StatementRun run(s);
         while (s.Step()) {
-            AccountKey a{OptionalInt(s, 0), OptionalInt(s, 1), OptionalInt(s, 2),
-                         OptionalInt(s, 3)};
+            AccountKey a = ReadAccount(s, 0);
             for (int p = 1; p <= 12; ++p) {
                 Money amount = MoneyAt(s, 4 + p);
                 if (!amount.IsZero()) totals[{a, static_cast<int>(s.ColumnInt(4)), p}] += amount;

@@ -1,6 +1,7 @@
 #include "ledger/posting/LedgerExport.h"
 
 #include "core/Money.h"
+#include "ledger/posting/StatementColumns.h"
 #include "store/Database.h"
 #include "store/Value.h"
 #include "store/sql/Connection.h"
@@ -91,9 +92,7 @@ int ExportLedger(store::Database& db, std::ostream& out) {
                          std::to_string(s.ColumnInt(10)) + " " + Text(s, 16))
                 << "\n";
         }
-        Value amount = s.ColumnValue(8, store::FieldType::Currency);
-        out << "    " << AccountLabel(s) << "  "
-            << (amount.IsNull() ? Money() : amount.Money()).ToString() << "\n";
+        out << "    " << AccountLabel(s) << "  " << MoneyAt(s, 8).ToString() << "\n";
     }
     return transactions;
 }

@@ -1,5 +1,6 @@
 #include "ledger/posting/VoucherReader.h"
 
+#include "ledger/posting/StatementColumns.h"
 #include "store/Database.h"
 #include "store/Value.h"
 #include "store/sql/Connection.h"
@@ -13,16 +14,6 @@ using store::StatementRun;
 using store::Value;
 
 namespace {
-
-std::optional<std::int64_t> OptionalInt(Statement& s, int column) {
-    if (s.ColumnIsNull(column)) return std::nullopt;
-    return s.ColumnInt(column);
-}
-
-AccountKey ReadAccount(Statement& s, int first) {
-    return {OptionalInt(s, first), OptionalInt(s, first + 1), OptionalInt(s, first + 2),
-            OptionalInt(s, first + 3)};
-}
 
 std::string HeaderSql(const std::string& where) {
     std::string sql = "SELECT JVID, GLYear, GLPeriod, JVNumber, Source, TransType, TransDate, "
@@ -58,8 +49,7 @@ VoucherLine ReadLine(Statement& s, int first) {
     VoucherLine line;
     line.Seq = s.ColumnIsNull(first) ? 0 : s.ColumnInt(first);
     line.Account = ReadAccount(s, first + 1);
-    Value amount = s.ColumnValue(first + 5, store::FieldType::Currency);
-    if (!amount.IsNull()) line.GLAmount = amount.Money();
+    line.GLAmount = MoneyAt(s, first + 5);
     return line;
 }
 
