@@ -110,9 +110,7 @@ TEST_F(JVSave, AClosedPeriodIsRefusedBeforeTheDescription) {
     ledger::TfrmJV& form = NewVoucherForm();
     ui::FormDriver d(form);
     d.EnterText("editYear", "16");
-    d.EnterText("editDescription", "Last year");
-    TypeLine(d, "1000", "5");
-    TypeLine(d, "4000", "-5");
+    TypeBalancedVoucher(d, "Last year");
     d.Click("btnOK");
     EXPECT_EQ(LastMessage(),
               "GL Period is prior to current fiscal year \nas defined by \"Your Company\"");
@@ -125,9 +123,7 @@ TEST_F(JVSave, ASecondVoucherWithTheSameNumberInThePeriodIsRefused) {
     AddVoucher(7, 1001, "GL", "JV", false);
     ledger::TfrmJV& form = NewVoucherForm();
     ui::FormDriver d(form);
-    d.EnterText("editDescription", "Twice");
-    TypeLine(d, "1000", "5");
-    TypeLine(d, "4000", "-5");
+    TypeBalancedVoucher(d, "Twice");
     d.Click("btnOK");
     EXPECT_EQ(LastMessage(), text::DuplicateNumber);
     EXPECT_EQ(d.FocusedName(), "editJVNumber");
@@ -229,9 +225,7 @@ TEST_F(JVForm, APostedVoucherRefusesEveryChange) {
 TEST_F(JVForm, CancellingANewVoucherTakesItsLinesAway) {
     ledger::TfrmJV& form = NewVoucherForm();
     ui::FormDriver d(form);
-    d.EnterText("editDescription", "Not wanted");
-    TypeLine(d, "1000", "5");
-    TypeLine(d, "4000", "-5");
+    TypeBalancedVoucher(d, "Not wanted");
     d.Click("popNewLine");
     EXPECT_EQ(FormLines(form), "1,1,5|2,2,-5");
     EXPECT_EQ(CountRows("JVDet"), 0) << "lines wait for the voucher";
@@ -373,9 +367,7 @@ TEST_F(JVForm, AnUnpostedVoucherCanBeChangedAgain) {
 TEST_F(JVForm, OkAndNewSavesAndStartsTheNextVoucher) {
     ledger::TfrmJV& form = NewVoucherForm();
     ui::FormDriver d(form);
-    d.EnterText("editDescription", "First");
-    TypeLine(d, "1000", "5");
-    TypeLine(d, "4000", "-5");
+    TypeBalancedVoucher(d, "First");
     d.Click("btnOKNew");
     EXPECT_EQ(SqlText("SELECT JVNumber, TransDescription FROM JV"), "1001,First");
     EXPECT_TRUE(form.Visible());

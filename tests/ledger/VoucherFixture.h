@@ -73,6 +73,13 @@ protected:
         return form;
     }
 
+    // A description and two lines that balance: 5 on account 1000 and -5 on 4000.
+    static void TypeBalancedVoucher(ui::FormDriver& d, const std::string& description) {
+        d.EnterText("editDescription", description);
+        TypeLine(d, "1000", "5");
+        TypeLine(d, "4000", "-5");
+    }
+
     // Types one line: a new line, its account and amount, left by the next command.
     static void TypeLine(ui::FormDriver& d, const std::string& account, const std::string& amount) {
         d.Click("popNewLine");
