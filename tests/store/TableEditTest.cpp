@@ -155,6 +155,15 @@ TEST_F(TableEdit, EventsCarryTheRules) {
     t.Cancel();
 }
 
+// A calculated "Label" of a vendor cursor: its number and name.
+void AddLabelField(Table& t) {
+    t.AddCalculatedField("Label", FieldType::String, 60);
+    t.OnCalcFields = [](DataSet& ds) {
+        ds.FieldByName("Label").SetAsString(ds.FieldByName("VendorNo").AsString() + ": " +
+                                            ds.FieldByName("VendorName").AsString());
+    };
+}
+
 TEST_F(TableEdit, CalculatedAndLookupFieldsFollowTheRecord) {
     InsertRow("Currency", {{"CurrencyID", 1},
                            {"CurrencyName", "Canadian Dollars"},
@@ -167,11 +176,7 @@ TEST_F(TableEdit, CalculatedAndLookupFieldsFollowTheRecord) {
     Table t(db_, "Vendor");
     t.AddLookupField("CurrencyName", FieldType::String, 20, "CurrencyID", currency, "CurrencyID",
                      "CurrencyName");
-    t.AddCalculatedField("Label", FieldType::String, 60);
-    t.OnCalcFields = [](DataSet& ds) {
-        ds.FieldByName("Label").SetAsString(ds.FieldByName("VendorNo").AsString() + ": " +
-                                            ds.FieldByName("VendorName").AsString());
-    };
+    AddLabelField(t);
     t.Open();
     AddVendor(t, 1, "100", "Acme");
     EXPECT_EQ(t.FieldByName("CurrencyName").AsString(), "Canadian Dollars");
@@ -188,11 +193,7 @@ TEST_F(TableEdit, CalculatedAndLookupFieldsFollowTheRecord) {
 // A look-up of a calculated field gives the found row's value and leaves the current record.
 TEST_F(TableEdit, LookupOfACalculatedFieldComputesItForTheFoundRow) {
     Table t(db_, "Vendor");
-    t.AddCalculatedField("Label", FieldType::String, 60);
-    t.OnCalcFields = [](DataSet& ds) {
-        ds.FieldByName("Label").SetAsString(ds.FieldByName("VendorNo").AsString() + ": " +
-                                            ds.FieldByName("VendorName").AsString());
-    };
+    AddLabelField(t);
     t.Open();
     AddVendor(t, 1, "100", "Acme");
     AddVendor(t, 2, "200", "Brick");
