@@ -350,18 +350,7 @@ void TfrmCorvane::FormCloseQuery(bool& canClose) {
             return;
         }
     }
-    const auto& forms = App().Forms();
-    for (auto it = forms.rbegin(); it != forms.rend(); ++it)
-        if ((*it)->Visible() && !IsKeptForm(**it)) (*it)->Close();
-    App().ProcessMessages();
-    for (auto it = forms.rbegin(); it != forms.rend(); ++it)
-        if ((*it)->Visible() && !IsKeptForm(**it))
-            throw Exception("All unsaved changes must be resolved before closing Corvane");
-    std::vector<ui::Form*> toFree;
-    for (ui::Form* form : forms)
-        if (!IsKeptForm(*form) && !SurvivesCompanyChange(*form)) toFree.push_back(form);
-    for (ui::Form* form : toFree)
-        App().FreeForm(*form);
+    CloseWorkingForms("All unsaved changes must be resolved before closing Corvane");
 }
 
 void TfrmCorvane::FormClose(ui::CloseAction& action) {

@@ -173,6 +173,9 @@ private:
     bool IsKeptForm(const ui::Form& form) const;
     bool SurvivesCompanyChange(const ui::Form& form) const;
     void CloseSession();
+    // Closes every working form, last first, and frees those that do not live for the whole
+    // run; raises refusal when one stays open (its own close question said no).
+    void CloseWorkingForms(const std::string& refusal);
     // The one Company row, of this program's version.
     void AddCompanyRow(const std::string& name, int fiscalYear);
 

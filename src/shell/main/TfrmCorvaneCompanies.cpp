@@ -167,20 +167,28 @@ bool TfrmCorvane::OpenCompanyTable(const std::string& head) {
 }
 
 void TfrmCorvane::CloseAllForms() {
-    const auto& forms = App().Forms();
-    for (auto it = forms.rbegin(); it != forms.rend(); ++it)
+    CloseWorkingForms("All forms must be closed before changing to another company");
+    CloseSession();
+}
+
+void TfrmCorvane::CloseWorkingForms(const std::string& refusal) {
+    // Copies of the list: a form may free itself, or another, as it closes.
+    std::vector<ui::Form*> forms = App().Forms();
+    for (auto it = forms.rbegin(); it != forms.rend(); ++it) {
+        const auto& now = App().Forms();
+        if (std::find(now.begin(), now.end(), *it) == now.end()) continue;
         if ((*it)->Visible() && !IsKeptForm(**it)) (*it)->Close();
+    }
     App().ProcessMessages();
+    forms = App().Forms();
     std::vector<ui::Form*> toFree;
     for (auto it = forms.rbegin(); it != forms.rend(); ++it) {
         if (IsKeptForm(**it)) continue;
-        if ((*it)->Visible())
-            throw Exception("All forms must be closed before changing to another company");
+        if ((*it)->Visible()) throw Exception(refusal);
         if (!SurvivesCompanyChange(**it)) toFree.push_back(*it);
     }
     for (ui::Form* form : toFree)
         App().FreeForm(*form);
-    CloseSession();
 }
 
 void TfrmCorvane::CloseSession() {
