@@ -7,6 +7,7 @@ void RegisterLedgerForms(shell::FormRegistry& registry) {
     RegisterAccountForms(registry);
     RegisterVoucherForms(registry);
     RegisterPostingForms(registry);
+    RegisterInquiryForms(registry);
 }
 
 } // namespace corvane::ledger

@@ -13,5 +13,6 @@ void RegisterPeriodForms(shell::FormRegistry& registry);
 void RegisterAccountForms(shell::FormRegistry& registry);
 void RegisterVoucherForms(shell::FormRegistry& registry);
 void RegisterPostingForms(shell::FormRegistry& registry);
+void RegisterInquiryForms(shell::FormRegistry& registry);
 
 } // namespace corvane::ledger

@@ -1,5 +1,7 @@
 #include "program/ProgramForms.h"
 
+#include "banking/BankingForms.h"
+#include "company/CompanyForms.h"
 #include "ledger/LedgerForms.h"
 #include "shell/main/ShellForms.h"
 
@@ -8,6 +10,8 @@ namespace corvane::program {
 void RegisterProgramForms(shell::FormRegistry& registry) {
     shell::RegisterShellForms(registry);
     ledger::RegisterLedgerForms(registry);
+    banking::RegisterBankingForms(registry);
+    company::RegisterCompanyForms(registry);
 }
 
 } // namespace corvane::program

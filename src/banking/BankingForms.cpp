@@ -1,0 +1,7 @@
+#include "banking/BankingForms.h"
+
+namespace corvane::banking {
+
+void RegisterBankingForms(shell::FormRegistry&) {}
+
+} // namespace corvane::banking
