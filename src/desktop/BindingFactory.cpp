@@ -7,7 +7,9 @@
 #include "desktop/LookupComboBinding.h"
 #include "desktop/MonthCalendarBinding.h"
 #include "desktop/PageControlBinding.h"
+#include "desktop/ReportPageBinding.h"
 #include "desktop/TextBindings.h"
+#include "reports/preview/ReportPageView.h"
 #include "ui/Button.h"
 #include "ui/CheckBox.h"
 #include "ui/ComboBox.h"
@@ -53,6 +55,8 @@ std::unique_ptr<ControlBinding> MakeBinding(FormWindow& window, ui::Control& con
                                             LayoutBuilder& builder) {
     ui::Control* c = &control;
     if (auto* x = dynamic_cast<ui::Grid*>(c)) return std::make_unique<GridBinding>(window, *x);
+    if (auto* x = dynamic_cast<reports::ReportPageView*>(c))
+        return std::make_unique<ReportPageBinding>(window, *x);
     if (auto* x = dynamic_cast<ui::Memo*>(c)) return std::make_unique<MemoBinding>(window, *x);
     if (auto* x = dynamic_cast<ui::DateEdit*>(c))
         return std::make_unique<DateEditBinding>(window, *x);

@@ -1,5 +1,7 @@
 #include "desktop/QtDesktopServices.h"
 
+#include "desktop/QtReportPrinter.h"
+
 #include <QApplication>
 #include <QClipboard>
 #include <QDesktopServices>
@@ -76,8 +78,11 @@ std::string QtDesktopServices::CountryName() {
 }
 
 std::string QtDesktopServices::DefaultPrinter() {
-    // Printing comes with the report preview; until then there is no printer to name.
-    return {};
+    return QtReportPrinter::DefaultPrinterName();
+}
+
+bool QtDesktopServices::DefaultPaperIsA4() {
+    return QtReportPrinter::DefaultPaperIsA4();
 }
 
 std::optional<std::string> QtDesktopServices::PickFolder(const std::string& title,

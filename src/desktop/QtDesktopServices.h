@@ -25,6 +25,7 @@ public:
     std::string LoginUserName() override;
     std::string CountryName() override;
     std::string DefaultPrinter() override;
+    bool DefaultPaperIsA4() override;
     std::optional<std::string> PickFolder(const std::string& title,
                                           const std::string& start) override;
 

@@ -4,7 +4,9 @@
 #include "desktop/QtDesktopServices.h"
 #include "desktop/QtDialogs.h"
 #include "desktop/QtHost.h"
+#include "desktop/QtReportPrinter.h"
 #include "program/ProgramForms.h"
+#include "reports/preview/ReportOutput.h"
 #include "shell/main/FormRegistry.h"
 #include "shell/main/TfrmAbout.h"
 #include "shell/main/TfrmCorvane.h"
@@ -134,6 +136,8 @@ int main(int argc, char* argv[]) {
     desktop::QtDialogs dialogs;
     desktop::QtDesktopServices services;
     ui::Application app(host, dialogs, services);
+    desktop::QtReportPrinter printer;
+    reports::ReportOutput::Install(&printer);
     if (QScreen* screen = QGuiApplication::primaryScreen())
         app.ScaleFactor = screen->logicalDotsPerInch() / 96.0;
     if (options.Vendors) return RunVendorDemo(host, app, options);

@@ -379,7 +379,8 @@ bool TfrmCorvane::IsKeptForm(const ui::Form& form) const {
     for (const char* name : {"frmCorvane", "frmCompanyDatabase", "frmOrganizeCompanies",
                              "frmSelectCompany", "frmWelcome"})
         if (form.Name() == name) return true;
-    return false;
+    // Previews keep their pages over a company change; the second one open is "frmPreview_1".
+    return form.Name().starts_with("frmPreview");
 }
 
 bool TfrmCorvane::SurvivesCompanyChange(const ui::Form& form) const {
