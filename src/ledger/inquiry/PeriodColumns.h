@@ -1,0 +1,35 @@
+#pragma once
+
+#include "core/Money.h"
+
+#include <array>
+#include <optional>
+
+namespace corvane::ledger {
+
+// What the period columns of the totals show.
+enum class TotalsData {
+    Auto,      // net change for revenue and expense accounts, balance for the others
+    Balance,   // the running balance at the end of each period
+    NetChange, // the movement of each period
+};
+
+// One year of an account's totals as stored: the opening balance and the net of each period.
+struct YearAmounts {
+    int AccountType = 0;
+    Money OpeningBal;
+    std::array<Money, 12> Amounts{};
+};
+
+struct PeriodColumnValues {
+    std::array<Money, 12> Periods{};
+    Money Total; // the year's change: the twelve amounts, never the opening balance
+};
+
+// The twelve columns of a row under the chosen data.
+PeriodColumnValues PeriodColumnsOf(const YearAmounts& year, TotalsData data);
+
+// True when the row shows movements rather than balances.
+bool ShowsNetChange(int accountType, TotalsData data);
+
+} // namespace corvane::ledger

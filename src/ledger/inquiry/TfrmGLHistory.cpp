@@ -1,0 +1,219 @@
+#include "ledger/inquiry/TfrmGLHistory.h"
+
+#include "core/Exception.h"
+#include "ledger/inquiry/AccountFind.h"
+#include "ledger/inquiry/AccountLabel.h"
+#include "ledger/inquiry/TfrmGLHistoryFilter.h"
+#include "ledger/vouchers/TfrmJV.h"
+#include "ledger/vouchers/VoucherTexts.h"
+#include "ui/Application.h"
+
+namespace corvane::ledger {
+
+namespace {
+
+// The kinds of document a line may come from, as the user knows them.
+std::string DocumentName(std::string_view source, std::string_view transType) {
+    if (source == "AP") return transType == "Chq" ? "AP Payments" : "AP Invoices";
+    if (source == "AR") return transType == "Pmt" ? "AR Payments" : "AR Invoices";
+    if (source == "IN") return "Inv Adjustments";
+    return std::string(source) + " " + std::string(transType);
+}
+
+} // namespace
+
+TfrmGLHistory::TfrmGLHistory(ui::Application& app, store::Database& db,
+                             const shell::FormRegistry* registry, shell::TfrmCorvane* main)
+    : ListForm(app, "frmGLHistory", "GL History", db, "GLHist", "tblGLHist", "GLHistID"),
+      tblGLAccnt(db, "GLAccnt"), tblGLAcSub1(db, "GLAcSub1"), tblGLAcSub2(db, "GLAcSub2"),
+      tblGLAcSub3(db, "GLAcSub3"), registry_(registry), main_(main) {
+    int level = 0;
+    for (store::Table* table : {&tblGLAccnt, &tblGLAcSub1, &tblGLAcSub2, &tblGLAcSub3}) {
+        table->Name = level == 0 ? "tblGLAccnt" : "tblGLAcSub" + std::to_string(level);
+        table->Open();
+        ++level;
+    }
+    AddCalculatedFields();
+    tblGLHist.SetIndexName(kAllIndex);
+    tblGLHist.OnFilterRecord = [this](store::DataSet& ds) { return TypeMatches(ds); };
+    grdList.AddColumn("Periodppyyyy", "Period", 56);
+    grdList.AddColumn("TransDate", "Date", 64);
+    grdList.AddColumn("JVNumber", "JV no.", 56);
+    grdList.AddColumn("SourceType", "Source", 52);
+    grdList.AddColumn("TransDescription", "Description", 220);
+    grdList.AddColumn("AccountNo", "Account no.", 90);
+    grdList.AddColumn("AccountNameLabel", "Name", 180);
+
+    // History is written by posting only: nothing is made, changed or removed here.
+    for (ui::MenuItem* item : {&mnuNew, &mnuEdit, &mnuDelete, &popNew, &popEdit, &popDelete}) {
+        item->Visible = false;
+        item->Enabled = false;
+    }
+    for (ui::ToolButton* button : {&tbnNew, &tbnEdit, &tbnDelete})
+        button->OwnVisible = false;
+    mnuFind.Visible = true;
+    mnuFind.OnClick = [this] { FindAccountInList(*this, 0); };
+    mnuJV.OnClick = [this] { OpenVoucher(); };
+    mnuSource.OnClick = [this] { OpenSource(); };
+    mnuCopyJV.OnClick = [this] { CopyVoucher(); };
+    grdList.OnDblClick = [this] { OpenVoucher(); };
+    grdList.OnKeyPress = [this](char& ch) {
+        char typed = ch;
+        if (typed == '\r') {
+            ch = 0;
+            OpenVoucher();
+        } else if (static_cast<unsigned char>(typed) > 27) {
+            ch = 0;
+            FindAccountInList(*this, typed);
+        }
+    };
+    // A list the main menu opened afresh has its filter off: the dialog follows it.
+    auto showList = OnShow;
+    OnShow = [this, showList] {
+        if (!mnuFilter.Checked()) {
+            if (filter_) filter_->Clear();
+            accountType_ = 0;
+            // Without a filter every line shows, newest first; a range another list set on an
+            // account stands on that account's order and stays.
+            if (!tblGLHist.HasRange()) tblGLHist.SetIndexName(kAllIndex);
+        }
+        if (showList) showList();
+    };
+}
+
+TfrmGLHistory::~TfrmGLHistory() = default;
+
+void TfrmGLHistory::AddCalculatedFields() {
+    // Calculated fields exist only in a cursor that adds them before it opens.
+    tblGLHist.Close();
+    tblGLHist.AddCalculatedField("Periodppyyyy", store::FieldType::String, 7);
+    tblGLHist.AddCalculatedField("SourceType", store::FieldType::String, 6);
+    tblGLHist.AddCalculatedField("AccountNo", store::FieldType::String, 30);
+    tblGLHist.AddCalculatedField("AccountNameLabel", store::FieldType::String, 80);
+    tblGLHist.OnCalcFields = [this](store::DataSet& ds) { CalculateRow(ds); };
+    tblGLHist.Open();
+}
+
+void TfrmGLHistory::CalculateRow(store::DataSet& ds) {
+    ds.FieldByName("Periodppyyyy")
+        .SetAsString(PeriodText(static_cast<int>(ds.FieldByName("GLPeriod").AsInteger()),
+                                static_cast<int>(ds.FieldByName("GLYear").AsInteger())));
+    ds.FieldByName("SourceType")
+        .SetAsString(VoucherSourceLabel(ds.FieldByName("Source").AsString(),
+                                        ds.FieldByName("TransType").AsString()));
+    AccountLabelParts parts;
+    std::vector<store::Value> account = tblGLAccnt.LookupValues(
+        "GLAccountID", {ds.FieldByName("GLAccountID").AsValue()}, "GLAccount;AccountName");
+    if (account.size() == 2) {
+        parts.Number = account[0].IsNull() ? std::string() : account[0].Str();
+        parts.Name = account[1].IsNull() ? std::string() : account[1].Str();
+    }
+    store::Table* subs[] = {&tblGLAcSub1, &tblGLAcSub2, &tblGLAcSub3};
+    for (int level = 0; level < 3; ++level) {
+        store::Value id = ds.FieldByName("SubAccount" + std::to_string(level + 1) + "ID").AsValue();
+        if (id.IsNull()) continue;
+        std::vector<store::Value> sub =
+            subs[level]->LookupValues("SubAccountID", {id}, "SubAccount;SubAccountName");
+        if (sub.size() != 2 || sub[0].IsNull()) continue;
+        parts.SubNumbers[level] = sub[0].Str();
+        parts.SubNames[level] = sub[1].IsNull() ? std::string() : sub[1].Str();
+    }
+    ds.FieldByName("AccountNo").SetAsString(AccountNumberLabel(parts));
+    ds.FieldByName("AccountNameLabel").SetAsString(AccountNameLabel(parts));
+}
+
+bool TfrmGLHistory::TypeMatches(store::DataSet& ds) {
+    if (accountType_ == 0) return true;
+    // The type lives on the account, not on the line: it is looked up for each line.
+    store::Value type =
+        tblGLAccnt.Lookup("GLAccountID", {ds.FieldByName("GLAccountID").AsValue()}, "AccountType");
+    return !type.IsNull() && type.Int() == accountType_;
+}
+
+void TfrmGLHistory::ApplyFilter(const std::string& expression, bool byAccount, int accountType) {
+    // A range set by the accounts list gives way to the filter's own account.
+    tblGLHist.CancelRange();
+    tblGLHist.SetIndexName(byAccount ? kAccountIndex : kAllIndex);
+    accountType_ = accountType;
+    if (expression.empty() && accountType == 0) {
+        mnuFilter.SetChecked(false);
+        tblGLHist.SetFiltered(false);
+    } else {
+        // The table checks the expression first: a bad one raises and nothing changes.
+        tblGLHist.SetFilter(expression);
+        tblGLHist.SetFiltered(true);
+        mnuFilter.SetChecked(true);
+    }
+    ShowList();
+}
+
+void TfrmGLHistory::ShowAccount(std::int64_t accountId, std::optional<int> year) {
+    FilterDialog().ApplyAccountYear(accountId, year);
+    if (State == ui::WindowState::Minimized) State = ui::WindowState::Normal;
+    Show();
+}
+
+TfrmGLHistoryFilter& TfrmGLHistory::FilterDialog() {
+    if (!filter_) filter_ = &App().CreateForm<TfrmGLHistoryFilter>(*this);
+    return *filter_;
+}
+
+shell::FilterForm* TfrmGLHistory::Filter() {
+    return &FilterDialog();
+}
+
+TfrmJV& TfrmGLHistory::VoucherForm() {
+    // Through the registry when there is one, so that the voucher form reaches the accounts list.
+    if (registry_)
+        if (const shell::FormFactory* factory = registry_->Find("frmJV")) {
+            shell::FormContext context{App(), Db(), main_};
+            if (auto* form = dynamic_cast<TfrmJV*>(&(*factory)(context))) return *form;
+        }
+    return App().SingleForm<TfrmJV>(Db());
+}
+
+shell::EntryForm& TfrmGLHistory::Entry() {
+    return VoucherForm();
+}
+
+std::int64_t TfrmGLHistory::CurrentVoucherId() {
+    store::Value id = tblGLHist.FieldByName("JVID").AsValue();
+    store::Table vouchers(Db(), "JV");
+    vouchers.Open();
+    if (id.IsNull() || !vouchers.Locate("JVID", {id}))
+        throw Exception("JV '" + tblGLHist.FieldByName("JVNumber").AsString() +
+                        "' ...\nIt may have been unposted and deleted");
+    return id.Int();
+}
+
+void TfrmGLHistory::OpenVoucher() {
+    if (tblGLHist.IsEmpty()) return;
+    std::int64_t id = CurrentVoucherId();
+    TfrmJV& form = VoucherForm();
+    // The voucher opens to be looked at: a posted one refuses every change.
+    if (!form.EntryTable.Locate("JVID", {store::Value(id)}))
+        throw Exception("The record has been deleted by another user");
+    form.Show();
+}
+
+void TfrmGLHistory::OpenSource() {
+    if (tblGLHist.IsEmpty()) return;
+    std::string source = tblGLHist.FieldByName("Source").AsString();
+    if (source == "GL") return OpenVoucher();
+    // The documents of the subledgers have no forms yet.
+    App().ShowMessage(DocumentName(source, tblGLHist.FieldByName("TransType").AsString()) +
+                      " is not available in this version of Corvane yet.");
+}
+
+void TfrmGLHistory::CopyVoucher() {
+    if (tblGLHist.IsEmpty()) return;
+    if (tblGLHist.FieldByName("Source").AsString() != "GL")
+        throw Exception("Unable to copy JV '" + tblGLHist.FieldByName("JVNumber").AsString() +
+                        "'...\n" + voucher_text::NotGLSource);
+    std::int64_t id = CurrentVoucherId();
+    TfrmJV& form = VoucherForm();
+    form.CopyFrom(static_cast<int>(id));
+    form.Show();
+}
+
+} // namespace corvane::ledger
