@@ -1,6 +1,7 @@
 #include "cli/Commands.h"
 
 #include "cli/LedgerCommands.h"
+#include "cli/NewCompanyCommand.h"
 #include "cli/QueryCsv.h"
 #include "cli/ScriptRunner.h"
 
@@ -20,6 +21,9 @@ namespace {
 
 void Usage() {
     std::fputs("usage: corvane-cli create-company FOLDER\n"
+               "       corvane-cli new-company FOLDER [--name N] [--year Y] [--currency C]\n"
+               "                               [--bank B] [--tax NAME:RATE]\n"
+               "       corvane-cli new-company FOLDER --sample [--size VOUCHERS]\n"
                "       corvane-cli tables FOLDER\n"
                "       corvane-cli sql FOLDER QUERY\n"
                "       corvane-cli script FILE\n"
@@ -62,6 +66,8 @@ int RunCommand(const std::vector<std::string>& args) {
         tables::CreateCompanyDatabase(args[1]);
         return PrintTables(args[1]);
     }
+    if (args.size() >= 2 && args[0] == "new-company")
+        return NewCompany({args.begin() + 1, args.end()}, std::cout, std::cerr);
     if (args.size() == 2 && args[0] == "tables") return PrintTables(args[1]);
     if (args.size() == 3 && args[0] == "sql") return PrintQuery(args[1], args[2]);
     if (args.size() == 2 && args[0] == "script") return RunScriptFile(args[1], std::cout);

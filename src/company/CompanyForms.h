@@ -4,8 +4,8 @@
 
 namespace corvane::company {
 
-// Registers the new company wizard by component name; the main form runs it when a company's
-// Company table is empty.
+// Registers the new company wizard by component name (the main form runs it when a company's
+// Company table is empty) and the sample company's generator.
 void RegisterCompanyForms(shell::FormRegistry& registry);
 
 } // namespace corvane::company
