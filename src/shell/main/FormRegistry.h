@@ -46,6 +46,10 @@ public:
     // compared without accelerator marks, case and the dots of a dialog entry.
     static std::string NormalMenuPath(std::string_view menuPath);
 
+    // What fills a new sample company ("Create Sample Data"); empty when the program has no
+    // generator, and the sample is then only its Company row.
+    std::function<void(store::Database&)> SampleDataGenerator;
+
 private:
     std::map<std::string, FormFactory, std::less<>> factories_;
 };

@@ -121,8 +121,6 @@ public:
     void RunGettingStarted(const std::string& companyName) override;
     void FillSampleData() override;
 
-    // What fills a new sample company; the program's sample generator, when it has one.
-    std::function<void(store::Database&)> SampleDataGenerator;
     // Gives the new company wizard the name the company was given in its shortcut.
     std::function<void(ui::Form& wizard, const std::string& companyName)> GettingStartedPreset;
     // Runs the backup at exit the company asks for (its BackupOnExit value), when the program

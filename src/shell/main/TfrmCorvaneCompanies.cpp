@@ -241,8 +241,8 @@ void TfrmCorvane::AddCompanyRow(const std::string& name, int fiscalYear) {
 }
 
 void TfrmCorvane::FillSampleData() {
-    if (SampleDataGenerator) {
-        SampleDataGenerator(Database);
+    if (registry_.SampleDataGenerator) {
+        registry_.SampleDataGenerator(Database);
     } else {
         // Without the generator the sample company is only its Company row, so that it opens.
         if (!tblCompany.Active()) tblCompany.Open();

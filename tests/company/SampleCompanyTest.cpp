@@ -1,0 +1,133 @@
+#include "company/sample/SampleCompany.h"
+#include "company/sample/SampleVouchers.h"
+#include "ledger/posting/LedgerCheck.h"
+#include "store/sql/Connection.h"
+#include "store/tables/CompanyDatabase.h"
+#include "support/CompanyFixture.h"
+
+#include <gtest/gtest.h>
+
+#include <sstream>
+#include <string>
+
+namespace corvane::company {
+namespace {
+
+class SampleCompanyTest : public testing::CompanyTest {
+protected:
+    // Every row of the query, as text: what two runs are compared by.
+    std::string Dump(const std::string& sql) { return Dump(db_, sql); }
+    static std::string Dump(store::Database& db, const std::string& sql) {
+        store::Statement s(db.Conn(), sql);
+        std::ostringstream out;
+        while (s.Step()) {
+            for (int c = 0; c < s.ColumnCount(); ++c)
+                out << (s.ColumnIsNull(c) ? std::string("null") : s.ColumnNatural(c).DebugString())
+                    << '|';
+            out << '\n';
+        }
+        return out.str();
+    }
+    std::int64_t Scalar(const std::string& sql) {
+        store::Statement s(db_.Conn(), sql);
+        s.Step();
+        return s.ColumnInt(0);
+    }
+};
+
+TEST_F(SampleCompanyTest, IsABalancedLedgerThatTheCheckPasses) {
+    const SampleSummary summary = GenerateSampleCompany(db_);
+    EXPECT_TRUE(ledger::CheckLedger(db_).empty());
+    // Debits are positive: a balanced ledger nets to nothing in each year.
+    for (int year : {2016, 2017}) {
+        std::string total = "SELECT coalesce(sum(coalesce(Amount1,0)";
+        for (int p = 2; p <= 12; ++p)
+            total += "+coalesce(Amount" + std::to_string(p) + ",0)";
+        total += "), 0) FROM GLActual WHERE GLYear = " + std::to_string(year);
+        EXPECT_EQ(Scalar(total), 0) << year;
+        EXPECT_GT(Scalar("SELECT count(*) FROM GLHist WHERE GLYear = " + std::to_string(year)), 0);
+    }
+    EXPECT_EQ(summary.Vouchers, Scalar("SELECT count(*) FROM JV"));
+    EXPECT_EQ(summary.HistoryRows, Scalar("SELECT count(*) FROM GLHist"));
+    // Every voucher balances as written, posted or not.
+    EXPECT_EQ(Scalar("SELECT count(*) FROM (SELECT JVID FROM JVDet GROUP BY JVID "
+                     "HAVING sum(GLAmount) <> 0)"),
+              0);
+}
+
+TEST_F(SampleCompanyTest, LeavesTheLastQuarterUnpostedAndPostsTheRest) {
+    const SampleSummary summary = GenerateSampleCompany(db_);
+    EXPECT_GT(summary.Unposted, 0);
+    EXPECT_EQ(Scalar("SELECT count(*) FROM JV WHERE Posted = 0 AND NOT (GLYear = 2017 AND "
+                     "GLPeriod >= " +
+                     std::to_string(kFirstUnpostedPeriod) + ")"),
+              0);
+    EXPECT_EQ(Scalar("SELECT count(*) FROM JV WHERE Posted <> 0 AND GLYear = 2017 AND "
+                     "GLPeriod >= " +
+                     std::to_string(kFirstUnpostedPeriod)),
+              0);
+    // Unposted vouchers left nothing in the ledger; reversing ones reached the next period.
+    EXPECT_EQ(Scalar("SELECT count(*) FROM GLHist h JOIN JV j ON j.JVID = h.JVID "
+                     "WHERE j.Posted = 0"),
+              0);
+    EXPECT_GT(Scalar("SELECT count(*) FROM JV WHERE AutoReverse <> 0 AND Posted <> 0"), 0);
+    // The control row hands out numbers after the sample's own.
+    EXPECT_EQ(Scalar("SELECT NextJVID FROM JVCtl"), Scalar("SELECT max(JVID) + 1 FROM JV"));
+}
+
+TEST_F(SampleCompanyTest, IsAFirmInTwoCurrenciesWithSubaccounts) {
+    GenerateSampleCompany(db_);
+    EXPECT_EQ(Dump("SELECT CompanyName, FiscalYear, ApplicationVersion FROM Company"),
+              "'Sample Data Company'|2017|'2017.8'|\n");
+    EXPECT_EQ(Dump("SELECT CurrencyID, CurrencyName FROM Currency ORDER BY CurrencyID"),
+              "1|'Canadian Dollars'|\n2|'US Dollars'|\n");
+    EXPECT_EQ(Scalar("SELECT count(*) FROM Bank b JOIN GLAccnt g ON g.GLAccountID = "
+                     "b.BankGLAccountID"),
+              2);
+    // The wizard's 44 accounts and the US dollar bank account.
+    EXPECT_EQ(Scalar("SELECT count(*) FROM GLAccnt"), 45);
+    for (int level = 1; level <= 3; ++level)
+        EXPECT_GT(Scalar("SELECT count(*) FROM GLHist WHERE SubAccount" + std::to_string(level) +
+                         "ID IS NOT NULL"),
+                  0)
+            << level;
+    EXPECT_GT(Scalar("SELECT count(*) FROM JV WHERE TransDescription = "
+                     "'To record mth-end currency conversion'"),
+              0);
+}
+
+TEST_F(SampleCompanyTest, TheSameShapeGivesTheSameCompanyAndTheSizeScalesIt) {
+    SampleShape shape;
+    shape.Vouchers = 600;
+    GenerateSampleCompany(db_, shape);
+    auto rows = [](store::Database& db) {
+        return Dump(db, "SELECT * FROM JVDet ORDER BY JVID, Seq") +
+               Dump(db, "SELECT * FROM GLActual ORDER BY 1, 2, 3, 4, 5, 6") +
+               Dump(db, "SELECT JVID, TransDate, TransDescription FROM JV ORDER BY 1");
+    };
+    EXPECT_EQ(Scalar("SELECT count(*) FROM JV"), 600);
+    const std::int64_t historyAt600 = Scalar("SELECT count(*) FROM GLHist");
+
+    testing::TempFolder other;
+    store::tables::CreateCompanyDatabase(other.Path());
+    store::Database again(session_);
+    again.SetDirectory(other.Path());
+    again.Open();
+    GenerateSampleCompany(again, shape);
+    EXPECT_EQ(rows(db_), rows(again));
+    again.Close();
+
+    // The default demo is smaller, and scales with the shape.
+    testing::TempFolder demo;
+    store::tables::CreateCompanyDatabase(demo.Path());
+    store::Database small(session_);
+    small.SetDirectory(demo.Path());
+    small.Open();
+    const SampleSummary summary = GenerateSampleCompany(small);
+    EXPECT_EQ(summary.Vouchers, 480);
+    EXPECT_LT(summary.HistoryRows, historyAt600);
+    small.Close();
+}
+
+} // namespace
+} // namespace corvane::company
