@@ -23,11 +23,11 @@ struct Arity {
 
 const std::map<std::string, Arity, std::less<>>& Commands() {
     static const std::map<std::string, Arity, std::less<>> commands{
-        {"company", {1, 3}}, {"start", {0, 1}},    {"open", {1, 1}},    {"menu", {1, 1}},
-        {"form", {1, 1}},    {"set", {2, 2}},      {"type", {1, 1}},    {"key", {1, 2}},
-        {"click", {1, 1}},   {"dblclick", {1, 1}}, {"focus", {1, 1}},   {"select", {2, 2}},
-        {"check", {2, 2}},   {"choose", {2, 2}},   {"close", {0, 0}},   {"answer", {1, 2}},
-        {"modal", {1, 1}},   {"end", {0, 0}},      {"expect", {1, -1}},
+        {"company", {1, 3}}, {"start", {0, 1}}, {"open", {1, 1}},     {"menu", {1, 1}},
+        {"form", {1, 1}},    {"set", {2, 2}},   {"cell", {3, 3}},     {"type", {1, 1}},
+        {"key", {1, 2}},     {"click", {1, 1}}, {"dblclick", {1, 1}}, {"focus", {1, 1}},
+        {"select", {2, 2}},  {"check", {2, 2}}, {"choose", {2, 2}},   {"close", {0, 0}},
+        {"answer", {1, 2}},  {"modal", {1, 1}}, {"end", {0, 0}},      {"expect", {1, -1}},
     };
     return commands;
 }

@@ -293,6 +293,7 @@ void ScriptRunner::State::Exec(const ScriptLine& l, ui::Form* modal) {
 
     ui::FormDriver driver(Current(modal));
     if (c == "set") return driver.EnterText(a[0], a[1]);
+    if (c == "cell") return driver.EnterCell(a[0], a[1], a[2]);
     if (c == "type") return driver.Type(a[0]);
     if (c == "key") {
         ui::KeyStroke stroke = ui::ParseShortCut(a.back());

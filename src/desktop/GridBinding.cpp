@@ -15,7 +15,9 @@ GridBinding::GridBinding(FormWindow& window, ui::Grid& grid)
     : ControlBinding(window, grid), grid_(grid), view_(new QTableView),
       model_(new GridTableModel(grid, view_)) {
     view_->setModel(model_);
-    view_->setSelectionBehavior(QAbstractItemView::SelectRows);
+    // A grid typed into marks its cell; a list marks the whole row.
+    view_->setSelectionBehavior(grid.ReadOnly ? QAbstractItemView::SelectRows
+                                              : QAbstractItemView::SelectItems);
     view_->setSelectionMode(QAbstractItemView::SingleSelection);
     view_->setEditTriggers(QAbstractItemView::NoEditTriggers);
     // The view follows the cursor; it scrolls only where the user or the form moves it.
@@ -38,7 +40,10 @@ GridBinding::GridBinding(FormWindow& window, ui::Grid& grid)
         if (!model_->Moving()) changed_ = true;
     };
     QObject::connect(view_, &QTableView::pressed, [this](const QModelIndex& index) {
-        UserEvent([this, row = index.row()] { grid_.SelectRow(row); });
+        UserEvent([this, row = index.row(), column = index.column()] {
+            if (grid_.RowIndex() != row) grid_.SelectRow(row);
+            if (!grid_.ReadOnly) grid_.SelectColumn(column);
+        });
     });
     QObject::connect(view_, &QTableView::doubleClicked,
                      [this] { UserEvent([this] { grid_.DblClick(); }); });
@@ -80,9 +85,11 @@ void GridBinding::PullState() {
 void GridBinding::ShowCursorRow(bool reveal) {
     auto row = model_->CursorRow();
     if (!row || *row >= model_->rowCount()) return;
-    QModelIndex index = model_->index(static_cast<int>(*row), 0);
-    view_->selectionModel()->setCurrentIndex(index, QItemSelectionModel::ClearAndSelect |
-                                                        QItemSelectionModel::Rows);
+    const int column = grid_.ReadOnly ? 0 : grid_.SelectedIndex();
+    QModelIndex index = model_->index(static_cast<int>(*row), column);
+    view_->selectionModel()->setCurrentIndex(
+        index, grid_.ReadOnly ? QItemSelectionModel::ClearAndSelect | QItemSelectionModel::Rows
+                              : QItemSelectionModel::ClearAndSelect);
     view_->viewport()->update();
     if (reveal) view_->scrollTo(index, QAbstractItemView::EnsureVisible);
 }

@@ -2,6 +2,8 @@
 
 #include "ui/Grid.h"
 
+#include <QColor>
+
 #include <algorithm>
 #include <climits>
 
@@ -13,8 +15,7 @@ GridTableModel::GridTableModel(ui::Grid& grid, QObject* parent)
 }
 
 std::int64_t GridTableModel::Count() const {
-    auto& dataSet = grid_.DataSet();
-    return dataSet.Active() ? dataSet.RecordCount() : 0;
+    return grid_.RowCount();
 }
 
 std::vector<int> GridTableModel::VisibleColumns() const {
@@ -52,7 +53,13 @@ QVariant GridTableModel::headerData(int section, Qt::Orientation orientation, in
 }
 
 QVariant GridTableModel::data(const QModelIndex& index, int role) const {
-    if (!index.isValid() || role != Qt::DisplayRole) return {};
+    if (!index.isValid()) return {};
+    // The cell being typed into shows the typing, on a light ground of its own.
+    const bool typing =
+        grid_.EditorMode() && index.column() == grid_.SelectedIndex() && CursorRow() == index.row();
+    if (role == Qt::BackgroundRole && typing) return QColor(255, 250, 205);
+    if (role != Qt::DisplayRole) return {};
+    if (typing) return QString::fromStdString(grid_.EditorText());
     const std::vector<std::string>* row = Row(index.row());
     if (!row || index.column() >= static_cast<int>(row->size())) return {};
     return QString::fromStdString((*row)[static_cast<std::size_t>(index.column())]);
@@ -76,7 +83,7 @@ void GridTableModel::Reload() {
 
 std::optional<std::int64_t> GridTableModel::CursorRow() const {
     auto& dataSet = grid_.DataSet();
-    if (!dataSet.Active() || dataSet.IsEmpty()) return std::nullopt;
+    if (count_ == 0) return std::nullopt;
     if (auto at = grid_.RowIndex()) return std::min(*at, count_ - 1);
     if (dataSet.Eof()) return count_ - 1;
     // Moved by a search or the like: near either end the rows beyond tell where it stands.

@@ -184,12 +184,17 @@ bool DataSet::AcceptRow(const Row& row) {
 
 void DataSet::VisitRowsAround(int before, int after, const std::function<void(int offset)>& visit) {
     CheckActive();
-    if (state_ != DataSetState::Browse || !current_) {
-        // A record being edited is shown as it is, alone.
-        if (state_ != DataSetState::Browse || current_) visit(0);
+    if (!current_) {
+        // A first record being typed into an empty cursor.
+        if (state_ != DataSetState::Browse) visit(0);
         return;
     }
-    auto ahead = before > 0 ? DoRowsNear(false, before) : std::vector<Row>{};
+    // A record in edit shows its typed values among the stored rows around it; a new one shows
+    // just below the row the cursor stood on, where the user started it.
+    const bool inserting = state_ == DataSetState::Insert;
+    auto ahead =
+        before > 0 ? DoRowsNear(false, inserting ? before - 1 : before) : std::vector<Row>{};
+    if (inserting && before > 0) ahead.insert(ahead.begin(), *current_);
     auto behind = after > 0 ? DoRowsNear(true, after) : std::vector<Row>{};
     std::vector<Value> saved = buffer_;
     auto show = [&](const Row& row, int offset) {

@@ -381,7 +381,9 @@ std::int64_t Table::DoRecordCount() {
 }
 
 std::optional<std::int64_t> Table::RowNumber() {
-    if (!Active() || State() != DataSetState::Browse || FiltersRows() || window_.empty())
+    // In edit or insert the position is that of the row the cursor stands on (a new row goes
+    // below it).
+    if (!Active() || State() == DataSetState::CalcFields || FiltersRows() || window_.empty())
         return std::nullopt;
     // The rows before a position are a few disjoint seeks on the index; each is counted there.
     std::int64_t n = 0;

@@ -107,6 +107,15 @@ void FormDriver::PressKey(std::string_view name, KeyStroke stroke) {
     });
 }
 
+void FormDriver::EnterCell(std::string_view gridName, std::string_view fieldName,
+                           std::string_view text) {
+    auto* grid = dynamic_cast<Grid*>(&Reachable(gridName));
+    if (!grid) Cannot(form_.Get<Control>(gridName), "is not a grid");
+    if (grid->ReadOnly) Cannot(*grid, "is read-only");
+    grid->Column(fieldName); // a ScriptError when the grid has no such column
+    Act([&] { grid->EditCell(fieldName, text); });
+}
+
 void FormDriver::Click(std::string_view name) {
     Component& component = form_.Get(name);
     if (auto* item = dynamic_cast<MenuItem*>(&component)) {

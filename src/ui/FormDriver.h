@@ -47,6 +47,9 @@ public:
     // click on the item that reads item, letter case aside.
     void Choose(std::string_view name, std::string_view item);
     void SelectRow(std::string_view gridName, std::int64_t index);
+    // Clicks the cell of the column showing fieldName in the grid's current row, types text and
+    // presses Enter's writing of the cell (the row stays in edit); an empty text clears it.
+    void EnterCell(std::string_view gridName, std::string_view fieldName, std::string_view text);
     void ClickTitle(std::string_view gridName, std::string_view fieldName);
     // A double click on the current row of a grid or the selected item of a list box.
     void DblClick(std::string_view name);

@@ -62,10 +62,22 @@ RowWindow Grid::Rows(int before, int after) {
 }
 
 std::optional<std::int64_t> Grid::RowIndex() const {
-    if (rowIndex_ || rowIndexAsked_) return rowIndex_;
-    rowIndexAsked_ = true;
-    if (auto* table = dynamic_cast<store::Table*>(&dataSet_)) rowIndex_ = table->RowNumber();
+    if (!rowIndex_ && !rowIndexAsked_) {
+        rowIndexAsked_ = true;
+        if (auto* table = dynamic_cast<store::Table*>(&dataSet_)) rowIndex_ = table->RowNumber();
+    }
+    // A new row stands just below the row the cursor was on.
+    if (dataSet_.Active() && dataSet_.State() == store::DataSetState::Insert) {
+        if (dataSet_.IsEmpty()) return 0;
+        return rowIndex_ ? std::optional<std::int64_t>(*rowIndex_ + 1) : std::nullopt;
+    }
     return rowIndex_;
+}
+
+std::int64_t Grid::RowCount() const {
+    if (!dataSet_.Active()) return 0;
+    const bool inserting = dataSet_.State() == store::DataSetState::Insert;
+    return dataSet_.RecordCount() + (inserting ? 1 : 0);
 }
 
 std::vector<std::string> Grid::CurrentRow() const {
@@ -119,19 +131,26 @@ void Grid::DblClick() {
     if (Enabled && Showing() && OnDblClick) OnDblClick();
 }
 
-// Enter is the list's: it opens the row.
+// Enter is the list's: it opens the row. An editing grid takes it as the end of a cell.
 bool Grid::WantsKey(const KeyStroke& stroke) const {
     return stroke.Code == Key::Enter;
 }
 
-void Grid::KeyDown(Key& key, Modifiers) {
+void Grid::KeyDown(Key& key, Modifiers mods) {
+    if (!ReadOnly && EditingKeyDown(key, mods)) {
+        key = Key::None;
+        return;
+    }
+    const bool moves = key == Key::Up || key == Key::Down || key == Key::PageUp ||
+                       key == Key::PageDown || key == Key::Home || key == Key::End;
+    if (!ReadOnly && moves) CommitEdit();
     int page = std::max(VisibleRows - 1, 1);
     switch (key) {
     case Key::Up:
         MoveRows(-1);
         break;
     case Key::Down:
-        MoveRows(1);
+        if (ReadOnly || !DownToNewRow()) MoveRows(1);
         break;
     case Key::PageUp:
         MoveRows(-page);
@@ -154,6 +173,195 @@ void Grid::KeyDown(Key& key, Modifiers) {
         return;
     }
     key = Key::None;
+}
+
+// ----- typing into cells
+
+std::vector<GridColumn*> Grid::VisibleColumns() {
+    std::vector<GridColumn*> columns;
+    for (auto& c : Columns)
+        if (c.Visible) columns.push_back(&c);
+    return columns;
+}
+
+const GridColumn* Grid::SelectedColumn() const {
+    int at = 0;
+    for (const auto& c : Columns)
+        if (c.Visible && at++ == selected_) return &c;
+    return nullptr;
+}
+
+bool Grid::Editable(const GridColumn& column) const {
+    if (ReadOnly || column.ReadOnly || !dataSet_.Active()) return false;
+    const store::Field& field = dataSet_.FieldByName(column.FieldName);
+    return !field.IsCalculated() && !field.ReadOnly;
+}
+
+// Down from the last row (or in an empty grid, or from a new row) starts a new row, unless the
+// row is a new one still untouched. False when there is a row below to move to.
+bool Grid::DownToNewRow() {
+    if (!dataSet_.Active()) return true;
+    const bool inserting = dataSet_.State() == store::DataSetState::Insert;
+    if (inserting && !dataSet_.Modified()) return true;
+    if (!inserting && !dataSet_.IsEmpty()) {
+        FlagUp moving(ownMove_);
+        const int moved = dataSet_.MoveBy(1); // writes a row in edit first
+        if (moved > 0) {
+            if (rowIndex_) *rowIndex_ += moved;
+            if (!rowIndex_) rowIndexAsked_ = false;
+            Changed();
+            return true;
+        }
+    }
+    if (dataSet_.State() != store::DataSetState::Browse) dataSet_.Post();
+    dataSet_.Append();
+    selected_ = 0;
+    Changed();
+    return true;
+}
+
+void Grid::StartRowEdit() {
+    if (dataSet_.State() != store::DataSetState::Browse) return;
+    if (dataSet_.IsEmpty())
+        dataSet_.Append();
+    else
+        dataSet_.Edit();
+}
+
+void Grid::OpenEditor(std::string text) {
+    const GridColumn* column = SelectedColumn();
+    if (!column || !Editable(*column)) return;
+    StartRowEdit();
+    editor_ = std::move(text);
+    Changed();
+}
+
+void Grid::CommitEdit() {
+    if (!editor_) return;
+    const GridColumn* column = SelectedColumn();
+    if (!column) {
+        editor_.reset();
+        return;
+    }
+    // A refusal raises with the field's message, and the typing stays for the user to mend.
+    dataSet_.FieldByName(column->FieldName).SetText(*editor_);
+    editor_.reset();
+    Changed();
+}
+
+void Grid::MoveCell(int step) {
+    auto columns = VisibleColumns();
+    if (columns.empty()) return;
+    CommitEdit();
+    selected_ = std::clamp(selected_ + step, 0, static_cast<int>(columns.size()) - 1);
+    Changed();
+}
+
+// The next cell that takes typing; past the row's last one, the row is written and a new one
+// starts below it.
+void Grid::NextCell() {
+    CommitEdit();
+    auto columns = VisibleColumns();
+    for (int i = selected_ + 1; i < static_cast<int>(columns.size()); ++i)
+        if (Editable(*columns[static_cast<std::size_t>(i)])) {
+            selected_ = i;
+            Changed();
+            return;
+        }
+    if (dataSet_.State() != store::DataSetState::Browse) dataSet_.Post();
+    dataSet_.Append();
+    selected_ = 0;
+    Changed();
+}
+
+void Grid::SelectColumn(int visibleIndex) {
+    auto columns = VisibleColumns();
+    if (visibleIndex < 0 || visibleIndex >= static_cast<int>(columns.size())) return;
+    CommitEdit();
+    selected_ = visibleIndex;
+    Changed();
+}
+
+void Grid::EditCell(std::string_view fieldName, std::string_view text) {
+    if (ReadOnly)
+        throw ScriptError("Grid '" + Name() + "' on form '" + OwnerForm().Name() +
+                          "' is read-only");
+    auto columns = VisibleColumns();
+    for (std::size_t i = 0; i < columns.size(); ++i)
+        if (columns[i]->FieldName == fieldName) {
+            if (!Editable(*columns[i]))
+                throw ScriptError("Column '" + std::string(fieldName) + "' of grid '" + Name() +
+                                  "' does not take typing");
+            if (CanFocus() && !Focused()) SetFocus();
+            // Typing again into the cell being typed replaces what it held.
+            if (selected_ == static_cast<int>(i)) editor_.reset();
+            SelectColumn(static_cast<int>(i));
+            OpenEditor(std::string(text));
+            CommitEdit();
+            return;
+        }
+    Column(fieldName); // raises: no such column
+}
+
+bool Grid::EditingKeyDown(Key key, Modifiers mods) {
+    if (mods.Ctrl || mods.Alt) return false;
+    switch (key) {
+    case Key::Enter:
+        NextCell();
+        return true;
+    case Key::F2:
+        if (const GridColumn* column = SelectedColumn(); column && !editor_ && Editable(*column))
+            OpenEditor(dataSet_.IsEmpty() && dataSet_.State() == store::DataSetState::Browse
+                           ? std::string()
+                           : dataSet_.FieldByName(column->FieldName).Text());
+        return true;
+    case Key::Backspace:
+        if (!editor_) return false;
+        if (!editor_->empty()) {
+            // UTF-8: drop the whole last character.
+            std::size_t at = editor_->size() - 1;
+            while (at > 0 && (static_cast<unsigned char>((*editor_)[at]) & 0xC0) == 0x80)
+                --at;
+            editor_->erase(at);
+        }
+        Changed();
+        return true;
+    case Key::Escape:
+        if (editor_) {
+            editor_.reset();
+            Changed();
+            return true;
+        }
+        if (dataSet_.Active() && dataSet_.State() != store::DataSetState::Browse) {
+            dataSet_.Cancel();
+            Changed();
+            return true;
+        }
+        return false;
+    case Key::Left:
+        MoveCell(-1);
+        return true;
+    case Key::Right:
+        MoveCell(1);
+        return true;
+    default:
+        return false;
+    }
+}
+
+void Grid::KeyPress(char& ch) {
+    if (ReadOnly || static_cast<unsigned char>(ch) < 32) return;
+    const GridColumn* column = SelectedColumn();
+    if (!column || !Editable(*column)) return;
+    if (editor_)
+        editor_->push_back(ch);
+    else
+        OpenEditor(std::string(1, ch));
+    ch = 0;
+}
+
+void Grid::Changed() {
+    if (OnRowsChanged) OnRowsChanged();
 }
 
 void Grid::DataSetNotify(store::DataSet&, DataEvent event, store::Field*) {

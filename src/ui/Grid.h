@@ -17,12 +17,20 @@ struct GridColumn {
     int Width = 64; // pixels
     bool TitleBold = false;
     bool Visible = true;
+    // A column shown but never typed into (calculated fields are so by themselves).
+    bool ReadOnly = false;
 };
 
 // A grid over a cursor. It holds no rows: whoever draws it asks for the few rows around the
-// current one (Rows), so a grid over a million rows reads what is on the screen and no more. The
-// grid is read-only and selects whole rows; Up, Down, PageUp, PageDown, Home and End move the
-// cursor; Enter and typed characters go to OnKeyPress (a list form opens or searches there).
+// current one (Rows), so a grid over a million rows reads what is on the screen and no more.
+// Up, Down, PageUp, PageDown, Home and End move the cursor.
+// A read-only grid (the default) selects whole rows; Enter and typed characters go to OnKeyPress
+// (a list form opens or searches there). A grid that is not read-only is typed into cell by cell,
+// as a data entry grid: a character opens the cell's editor (F2 opens it on the cell's text),
+// Enter writes the cell and goes to the next cell, and from the row's last cell to a new row;
+// Left and Right change cells, Escape drops the cell's typing and then the row's, moving off a
+// row writes it (the cursor's own checks may refuse, and the row stays), Down on the last row
+// starts a new one.
 class Grid : public Control, private store::DataSetObserver {
 public:
     Grid(Form& form, std::string name, store::DataSet& dataSet);
@@ -53,9 +61,23 @@ public:
     // Locate, First, Last), as a table cursor counts it on its index. Not known for a query or a
     // filter handler that is not at the top.
     std::optional<std::int64_t> RowIndex() const;
+    // The rows a person sees: the cursor's, and a new row being typed.
+    std::int64_t RowCount() const;
+
+    // The cell being typed into, among the visible columns; editing grids only.
+    int SelectedIndex() const { return selected_; }
+    const GridColumn* SelectedColumn() const;
+    bool EditorMode() const { return editor_.has_value(); }
+    // The text in the open cell editor; empty when none is open.
+    std::string EditorText() const { return editor_.value_or(std::string()); }
 
     // The user's acts on the grid.
-    void SelectRow(std::int64_t index); // a click on the row `index` from the top
+    void SelectRow(std::int64_t index);  // a click on the row `index` from the top
+    void SelectColumn(int visibleIndex); // a click on a cell of that column, writing an open cell
+    // Types text into the named column's cell of the current row and writes it, as a person
+    // clicking the cell, typing and pressing Enter would (the row stays in edit).
+    void EditCell(std::string_view fieldName, std::string_view text);
+    void CommitEdit() override;
     void MoveRows(int distance);
     void ClickTitle(std::string_view fieldName);
     void DblClick();
@@ -67,8 +89,18 @@ public:
 protected:
     bool WantsKey(const KeyStroke& stroke) const override;
     void KeyDown(Key& key, Modifiers mods) override;
+    void KeyPress(char& ch) override;
 
 private:
+    bool EditingKeyDown(Key key, Modifiers mods);
+    bool DownToNewRow();
+    bool Editable(const GridColumn& column) const;
+    void OpenEditor(std::string text);
+    void NextCell();
+    void MoveCell(int step);
+    void StartRowEdit();
+    void Changed();
+    std::vector<GridColumn*> VisibleColumns();
     void DataSetNotify(store::DataSet& dataSet, store::DataEvent event,
                        store::Field* field) override;
     std::vector<std::string> VisibleFields() const;
@@ -79,6 +111,8 @@ private:
     mutable bool rowIndexAsked_ = false;
     bool ownMove_ = false;
     bool reading_ = false;
+    int selected_ = 0;
+    std::optional<std::string> editor_;
 };
 
 } // namespace corvane::ui

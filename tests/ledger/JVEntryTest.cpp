@@ -90,11 +90,11 @@ TEST_F(JVSave, EachRefusalComesInItsOrderAndWritesNoVoucher) {
     refused(text::NoDebits, "grdLines");
     EXPECT_EQ(form.tblJVDet.State(), store::DataSetState::Insert);
 
-    d.EnterText("editAccount", "1000");
-    d.EnterText("editAmount", "25.00");
+    d.EnterCell("grdLines", "GLAccountID", "1000");
+    d.EnterCell("grdLines", "GLAmount", "25.00");
     refused(text::NoCredits, "grdLines");
-    d.EnterText("editAccount", "4000");
-    d.EnterText("editAmount", "-20");
+    d.EnterCell("grdLines", "GLAccountID", "4000");
+    d.EnterCell("grdLines", "GLAmount", "-20");
     refused(text::OutOfBalance, "grdLines");
     EXPECT_EQ(form.stbTotals.SimpleText, "Debits: 25.00   Credits: 20.00CR   Diff: 5.00");
 
@@ -141,28 +141,24 @@ TEST_F(JVLines, ALineNeedsAKnownAccountAndKnownSubaccounts) {
     ledger::TfrmJV& form = NewVoucherForm();
     ui::FormDriver d(form);
     d.Click("popNewLine");
-    d.EnterText("editAmount", "5");
+    d.EnterCell("grdLines", "GLAmount", "5");
     d.Click("popNewLine");
     EXPECT_EQ(LastMessage(), text::LineNoAccount);
-    // A typed number is looked up as the box is left.
-    d.EnterText("editAccount", "7777");
-    d.Focus("editAmount");
+    // A typed number is looked up as its cell is written.
+    d.EnterCell("grdLines", "GLAccountID", "7777");
     EXPECT_EQ(LastMessage(), text::TypedUnknownAccount);
-    d.EnterText("editAccount", "9000");
-    d.Focus("editAmount");
+    d.EnterCell("grdLines", "GLAccountID", "9000");
     EXPECT_EQ(LastMessage(), text::SuspendedAccount);
-    d.EnterText("editAccount", "1000");
-    d.EnterText("editSub1", "99");
-    d.Focus("editAmount");
+    d.EnterCell("grdLines", "GLAccountID", "1000");
+    d.EnterCell("grdLines", "SubAccount1ID", "99");
     EXPECT_EQ(LastMessage(), text::TypedUnknownSubaccount);
-    d.EnterText("editSub1", "");
-    d.Focus("editAmount");
+    d.EnterCell("grdLines", "SubAccount1ID", "");
     // A subaccount that vanished since it was chosen is caught when the line is saved.
     form.tblJVDet.FieldByName("SubAccount2ID").SetAsInteger(42);
     d.Click("popNewLine");
     EXPECT_EQ(LastMessage(), "Subaccount 2 not found...\nMake changes or press Esc to undo");
     EXPECT_EQ(form.tblJVDet.RecordCount(), 0);
-    d.EnterText("editSub2", "10");
+    d.EnterCell("grdLines", "SubAccount2ID", "10");
     d.Click("popNewLine");
     EXPECT_EQ(FormLines(form), "1,1,5");
     form.tblJVDet.First();
@@ -216,7 +212,7 @@ TEST_F(JVForm, APostedVoucherRefusesEveryChange) {
     d.EnterText("editDescription", "Changed");
     EXPECT_EQ(LastMessage(), text::PostedCannotChange);
     dialogs.ClearShown();
-    d.EnterText("editAmount", "99");
+    d.EnterCell("grdLines", "GLAmount", "99");
     EXPECT_EQ(LastMessage(), text::PostedCannotChange);
     EXPECT_EQ(SqlText("SELECT TransDescription FROM JV"), "Voucher 1500");
     EXPECT_EQ(SqlText("SELECT GLAmount FROM JVDet WHERE Seq = 1"), "10");
@@ -245,8 +241,7 @@ TEST_F(JVForm, CancellingAnEditBringsBackTheSavedLines) {
     form.Show();
     ui::FormDriver d(form);
     form.tblJVDet.First();
-    d.EnterText("editAmount", "45"); // the debit changed
-    d.Focus("editAccount");
+    d.EnterCell("grdLines", "GLAmount", "45"); // the debit changed
     form.tblJVDet.Last();
     d.Click("popDeleteLine"); // the credit gone
     TypeLine(d, "4000", "-45");
@@ -294,7 +289,7 @@ TEST_F(JVSave, ClosingAsksAndSavesTheVoucherWithItsLinesOrNeither) {
     EXPECT_EQ(LastMessage(), text::OutOfBalance);
     EXPECT_TRUE(form.Visible());
     EXPECT_EQ(SavedRowsOf(form), "0/0");
-    d.EnterText("editAmount", "-5");
+    d.EnterCell("grdLines", "GLAmount", "-5");
     dialogs.Answer("Do you want to save changes?", ui::mbYes);
     d.Close();
     EXPECT_FALSE(VoucherFormOpen());

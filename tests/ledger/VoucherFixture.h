@@ -80,11 +80,12 @@ protected:
         TypeLine(d, "4000", "-5");
     }
 
-    // Types one line: a new line, its account and amount, left by the next command.
+    // Types one line into the grid: a new line, its account and amount; the line stays in edit
+    // until the next command.
     static void TypeLine(ui::FormDriver& d, const std::string& account, const std::string& amount) {
         d.Click("popNewLine");
-        d.EnterText("editAccount", account);
-        d.EnterText("editAmount", amount);
+        d.EnterCell("grdLines", "GLAccountID", account);
+        d.EnterCell("grdLines", "GLAmount", amount);
     }
 
     std::string SqlText(const std::string& sql) {

@@ -110,12 +110,15 @@ TEST_F(GridOverTable, AtTheEdgesTheWindowIsShortAndTheEdgeFlagsSurvive) {
     EXPECT_TRUE(t.Eof());
     EXPECT_EQ(t.FieldByName("VendorNo").AsString(), VendorNo(VendorCount));
 
-    // A record being edited is shown alone, as typed, and the cursor is not moved off it.
+    // A record being edited is shown as typed among the stored rows, and the cursor is not moved
+    // off it.
     t.Edit();
     t.FieldByName("VendorName").SetAsString("Being typed");
     RowWindow editing = form.grdVendors.Rows(5, 5);
-    ASSERT_EQ(editing.Rows.size(), 1u);
-    EXPECT_EQ(editing.Rows[0][1], "Being typed");
+    ASSERT_EQ(editing.Rows.size(), 6u);
+    EXPECT_EQ(editing.Current, 5);
+    EXPECT_EQ(editing.Rows[5][1], "Being typed");
+    EXPECT_EQ(editing.Rows[4][0], VendorNo(VendorCount - 1));
     EXPECT_EQ(t.State(), store::DataSetState::Edit);
 }
 
@@ -186,8 +189,8 @@ TEST_F(GridOverTable, ARowMovedByCodeIsPlacedByCountingOnTheIndexWithoutAScan) {
     EXPECT_EQ(grid.RowIndex(), 500);
     t.CancelRange();
 
-    // A filter handler decides row by row, and a record in edit has no place yet: the grid does
-    // not pretend to know.
+    // A filter handler decides row by row: the grid does not pretend to know. A record in edit
+    // keeps its place.
     t.OnFilterRecord = [](store::DataSet& ds) {
         return ds.FieldByName("VendorID").AsInteger() > 1;
     };
@@ -197,7 +200,7 @@ TEST_F(GridOverTable, ARowMovedByCodeIsPlacedByCountingOnTheIndexWithoutAScan) {
     t.SetFiltered(false);
     ASSERT_TRUE(t.Locate("VendorNo", {VendorNo(20)}));
     t.Edit();
-    EXPECT_EQ(grid.RowIndex(), std::nullopt);
+    EXPECT_EQ(grid.RowIndex(), 19);
     t.Cancel();
     EXPECT_EQ(grid.RowIndex(), 19);
 }

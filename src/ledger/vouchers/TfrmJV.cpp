@@ -63,6 +63,7 @@ TfrmJV::TfrmJV(ui::Application& app, store::Database& db)
     btnUnpost.Visible = false;
     popImport.Visible = false;
     grdLines.Popup = &popLines;
+    grdLines.ReadOnly = false;
     grdLines.AddColumn("GLAccountID", "GL Account", 80);
     grdLines.AddColumn("GLAmount", "Amount", 90);
     grdLines.AddColumn("SubAccount1ID", "Sub1", 50);
@@ -77,7 +78,6 @@ TfrmJV::TfrmJV(ui::Application& app, store::Database& db)
         Row{FormRow{"Date:", editTransDate}, FormRow{"Period:", Row{editPeriod, editYear}},
             chkAutoReverse},
         grdLines,
-        Row{editAccount, editAmount, editSub1, editSub2, editSub3},
         Row{btnGLAccounts, Stretch{}},
         stbTotals,
         ButtonRow{btnOK, btnCancel, btnOKNew},
@@ -493,7 +493,8 @@ void TfrmJV::NewLine() {
     if (Posted()) RefusePosted();
     tblJVDet.CheckBrowseMode();
     tblJVDet.Append();
-    Focus(editAccount);
+    Focus(grdLines);
+    grdLines.SelectColumn(0);
 }
 
 void TfrmJV::DeleteLine() {

@@ -20,7 +20,8 @@
 
 namespace corvane::ledger {
 
-// One journal voucher: its header and a grid of lines (account, signed amount, subaccounts), with
+// One journal voucher: its header and a grid of lines typed in place (account, signed amount,
+// subaccounts), with
 // running debit and credit totals below. The lines are kept in a scratch table of the form's own
 // until the voucher saves, and then go to the company with the header in one transaction: a
 // refused save writes nothing, and Cancel forgets every change of lines. A posted voucher is
@@ -50,13 +51,8 @@ public:
     ui::MenuItem popNewLine{popLines, "popNewLine", "&New", "Ctrl+Ins"};
     ui::MenuItem popDeleteLine{popLines, "popDeleteLine", "&Delete", "Ctrl+Del"};
     ui::MenuItem popImport{popLines, "popImport", "Import JV Data"};
+    // The lines, typed cell by cell: account number, amount (credits negative), subaccounts.
     ui::Grid grdLines{*this, "grdLines", tblJVDet};
-    // The current line, as its cells are typed.
-    ui::DBEdit editAccount{*this, "editAccount", tblJVDet, "GLAccountID"};
-    ui::DBEdit editAmount{*this, "editAmount", tblJVDet, "GLAmount"};
-    ui::DBEdit editSub1{*this, "editSub1", tblJVDet, "SubAccount1ID"};
-    ui::DBEdit editSub2{*this, "editSub2", tblJVDet, "SubAccount2ID"};
-    ui::DBEdit editSub3{*this, "editSub3", tblJVDet, "SubAccount3ID"};
     ui::Button btnGLAccounts{*this, "btnGLAccounts", "GL Accounts"};
     ui::StatusBar stbTotals{*this, "stbTotals"};
     ui::Button btnOKNew{*this, "btnOKNew", "OK && &New"};
