@@ -41,7 +41,7 @@ void BM_GenerateSampleCompany(benchmark::State& state) {
 }
 BENCHMARK(BM_GenerateSampleCompany)
     ->Arg(480)
-    ->Arg(330000)
+    ->Arg(410000)
     ->UseManualTime()
     ->Iterations(1)
     ->Unit(benchmark::kMillisecond);

@@ -7,6 +7,7 @@
 #include "reports/engine/TQRSysData.h"
 #include "reports/engine/TQuickRep.h"
 #include "reports/page/ReportDocument.h"
+#include "reports/render/PdfWriter.h"
 #include "reports/render/TextRenderer.h"
 
 #include <gtest/gtest.h>
@@ -177,6 +178,8 @@ TEST_F(EngineGolden, HistoryGroupedByPeriodWithPageTotalsAndSummary) {
     ReportDocument doc;
     report.Prepare(doc);
     ASSERT_GE(doc.PageCount(), 2);
+    // CORVANE_GOLDEN_PDF=FILE writes the same pages as PDF, to look at them as a reader would.
+    if (const char* pdf = std::getenv("CORVANE_GOLDEN_PDF")) WritePdf(doc, pdf);
     CompareWithGolden("gl-history-by-period.txt",
                       TextRenderer(TextRenderer::PageBreak::PageMarker).Render(doc));
 }

@@ -12,7 +12,7 @@ namespace corvane::company {
 // fault seen in it can be seen again.
 struct SampleShape {
     // Journal vouchers over the two years; the default is a demo of about twenty a month. A
-    // stress company of a million history rows takes about 330,000.
+    // stress company of a million history rows takes about 410,000.
     int Vouchers = 480;
     // The later of the two years; the company's fiscal year.
     int FiscalYear = 2017;

@@ -65,7 +65,13 @@ Value Optional(const std::optional<int>& id) {
 } // namespace
 
 SampleVoucherWriter::SampleVoucherWriter(store::Database& db, const SampleShape& shape)
-    : db_(db), shape_(shape), engine_(shape.Seed) {}
+    : db_(db), jv_(db, "JV",
+                   {"JVID", "GLYear", "GLPeriod", "JVNumber", "Source", "TransType", "TransDate",
+                    "TransDescription", "JVAmount", "Posted", "AutoReverse"}),
+      lines_(db, "JVDet",
+             {"JVID", "Seq", "GLAccountID", "SubAccount1ID", "SubAccount2ID", "SubAccount3ID",
+              "GLAmount"}),
+      shape_(shape), engine_(shape.Seed) {}
 
 // Raw draws from the engine: the standard distributions differ between libraries, and the
 // sample must be the same everywhere.
@@ -194,21 +200,14 @@ void SampleVoucherWriter::Write(const SampleVoucher& voucher, int year, int peri
         if (l.Amount > Money()) debits += l.Amount;
     const int last = Date::DaysInMonth(year, period);
     const int day = 1 + static_cast<int>(engine_() % static_cast<std::uint32_t>(last));
-    static const std::vector<std::string> jvColumns = {
-        "JVID",      "GLYear",           "GLPeriod", "JVNumber", "Source",     "TransType",
-        "TransDate", "TransDescription", "JVAmount", "Posted",   "AutoReverse"};
-    RowWriter(db_, "JV", jvColumns)
-        .Add({Value(nextId_), Value(year), Value(period), Value(nextNumber_),
-              Value(std::string("GL")), Value(std::string("JV")),
-              Value(Date::FromYmd(year, period, day)), Value(voucher.Description), Value(debits),
-              Value(false), Value(voucher.AutoReverse)});
-    RowWriter lines(db_, "JVDet",
-                    {"JVID", "Seq", "GLAccountID", "SubAccount1ID", "SubAccount2ID",
-                     "SubAccount3ID", "GLAmount"});
+    jv_.Add({Value(nextId_), Value(year), Value(period), Value(nextNumber_),
+             Value(std::string("GL")), Value(std::string("JV")),
+             Value(Date::FromYmd(year, period, day)), Value(voucher.Description), Value(debits),
+             Value(false), Value(voucher.AutoReverse)});
     int seq = 1;
     for (const auto& l : voucher.Lines)
-        lines.Add({Value(nextId_), Value(seq++), Value(l.Account), Optional(l.Sub[0]),
-                   Optional(l.Sub[1]), Optional(l.Sub[2]), Value(l.Amount)});
+        lines_.Add({Value(nextId_), Value(seq++), Value(l.Account), Optional(l.Sub[0]),
+                    Optional(l.Sub[1]), Optional(l.Sub[2]), Value(l.Amount)});
     ++nextId_;
     ++nextNumber_;
 }

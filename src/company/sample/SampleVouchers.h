@@ -1,5 +1,6 @@
 #pragma once
 
+#include "company/sample/RowWriter.h"
 #include "company/sample/SampleCompany.h"
 #include "core/Money.h"
 
@@ -61,6 +62,8 @@ private:
     void Write(const SampleVoucher& voucher, int year, int period);
 
     store::Database& db_;
+    RowWriter jv_;
+    RowWriter lines_;
     SampleShape shape_;
     std::mt19937 engine_;
     int nextId_ = 1;

@@ -5,6 +5,9 @@
 #include "ledger/inquiry/AccountLabel.h"
 #include "ledger/inquiry/TfrmGLBalancesFilter.h"
 #include "ledger/inquiry/TfrmGLHistory.h"
+#include "ledger/reports/ListView.h"
+#include "ledger/reports/TrptGLBalances.h"
+#include "reports/run/PreviewReport.h"
 #include "shell/main/MainMenuEntries.h"
 #include "shell/main/TfrmCorvane.h"
 #include "shell/patterns/FilterTerms.h"
@@ -52,11 +55,11 @@ TfrmGLBalances::TfrmGLBalances(ui::Application& app, store::Database& db,
     AddCalculatedFields();
     grdList.AddColumn("AccountNo", "Account no.", 90);
     grdList.AddColumn("AccountNameLabel", "Name", 200);
-    grdList.AddColumn("GLYear", "Year", 40);
-    grdList.AddColumn("OpeningBal", "Opening Balance", 90);
+    grdList.AddColumn("GLYear", "Year", 50);
+    grdList.AddColumn("OpeningBal", "Opening Balance", 110);
     for (int n = 1; n <= 12; ++n)
-        grdList.AddColumn(PeriodField(n), PeriodField(n), 90);
-    grdList.AddColumn("AmountTot", "Total Change", 90);
+        grdList.AddColumn(PeriodField(n), PeriodField(n), 105);
+    grdList.AddColumn("AmountTot", "Total Change", 110);
 
     // Totals are what posting left behind: no row is made, changed or removed here.
     for (ui::MenuItem* item : {&mnuNew, &mnuEdit, &mnuDelete, &popNew, &popEdit, &popDelete}) {
@@ -118,6 +121,10 @@ TfrmGLBalances::TfrmGLBalances(ui::Application& app, store::Database& db,
 
 TfrmGLBalances::~TfrmGLBalances() = default;
 
+std::string TfrmGLBalances::Statement(const std::string& whereLine) {
+    return std::string(kSelect) + " " + whereLine + " ORDER BY " + kByNumber;
+}
+
 void TfrmGLBalances::AddCalculatedFields() {
     // Calculated fields exist only in a cursor that adds them before it opens.
     qryGLAccnt.Close();
@@ -155,6 +162,13 @@ void TfrmGLBalances::CalculateRow(store::DataSet& ds) {
     for (int n = 1; n <= 12; ++n)
         ds.FieldByName(PeriodField(n)).SetAsMoney(values.Periods[static_cast<std::size_t>(n - 1)]);
     ds.FieldByName("AmountTot").SetAsMoney(values.Total);
+}
+
+void TfrmGLBalances::Print() {
+    // The report reads the list's own statement: its conditions, its order.
+    auto report = std::make_unique<TrptGLBalances>(Db(), qryGLAccnt.SQL(), data_);
+    FollowFilter(qryGLAccnt, report->qryGLAccnt);
+    reports::PreviewReport(App(), std::move(report));
 }
 
 void TfrmGLBalances::Requery() {

@@ -4,6 +4,9 @@
 #include "ledger/inquiry/AccountFind.h"
 #include "ledger/inquiry/AccountLabel.h"
 #include "ledger/inquiry/TfrmGLHistoryFilter.h"
+#include "ledger/reports/ListView.h"
+#include "ledger/reports/TrptGLHistory.h"
+#include "reports/run/PreviewReport.h"
 #include "ledger/vouchers/TfrmJV.h"
 #include "ledger/vouchers/VoucherTexts.h"
 #include "ui/Application.h"
@@ -36,13 +39,15 @@ TfrmGLHistory::TfrmGLHistory(ui::Application& app, store::Database& db,
     AddCalculatedFields();
     tblGLHist.SetIndexName(kAllIndex);
     tblGLHist.OnFilterRecord = [this](store::DataSet& ds) { return TypeMatches(ds); };
-    grdList.AddColumn("Periodppyyyy", "Period", 56);
-    grdList.AddColumn("TransDate", "Date", 64);
+    grdList.AddColumn("Periodppyyyy", "Period", 64);
+    grdList.AddColumn("TransDate", "Date", 84);
     grdList.AddColumn("JVNumber", "JV no.", 56);
-    grdList.AddColumn("SourceType", "Source", 52);
+    grdList.AddColumn("SourceType", "Source", 64);
     grdList.AddColumn("TransDescription", "Description", 220);
     grdList.AddColumn("AccountNo", "Account no.", 90);
     grdList.AddColumn("AccountNameLabel", "Name", 180);
+    // The line's amount: what a person reading the history looks for first.
+    grdList.AddColumn("GLAmount", "Amount", 105);
 
     // History is written by posting only: nothing is made, changed or removed here.
     for (ui::MenuItem* item : {&mnuNew, &mnuEdit, &mnuDelete, &popNew, &popEdit, &popDelete}) {
@@ -92,6 +97,8 @@ void TfrmGLHistory::AddCalculatedFields() {
     tblGLHist.AddCalculatedField("AccountNameLabel", store::FieldType::String, 80);
     tblGLHist.OnCalcFields = [this](store::DataSet& ds) { CalculateRow(ds); };
     tblGLHist.Open();
+    // Debits plain, credits marked, as on the totals.
+    tblGLHist.FieldByName("GLAmount").DisplayFormat = "#,###,##0.00#;#,###,##0.00#CR";
 }
 
 void TfrmGLHistory::CalculateRow(store::DataSet& ds) {
@@ -156,6 +163,16 @@ void TfrmGLHistory::ShowAccount(std::int64_t accountId, std::optional<int> year)
 TfrmGLHistoryFilter& TfrmGLHistory::FilterDialog() {
     if (!filter_) filter_ = &App().CreateForm<TfrmGLHistoryFilter>(*this);
     return *filter_;
+}
+
+void TfrmGLHistory::Print() {
+    auto report = std::make_unique<TrptGLHistory>(Db());
+    FollowList(tblGLHist, report->tblGLHist);
+    report->AccountType = accountType_;
+    // A range another list set stands on one account: the line in front names it.
+    if (tblGLHist.HasRange() && !tblGLHist.IsEmpty())
+        report->Account = tblGLHist.FieldByName("GLAccountID").AsInteger();
+    reports::PreviewReport(App(), std::move(report));
 }
 
 shell::FilterForm* TfrmGLHistory::Filter() {
