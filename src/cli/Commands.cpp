@@ -3,6 +3,7 @@
 #include "cli/LedgerCommands.h"
 #include "cli/NewCompanyCommand.h"
 #include "cli/QueryCsv.h"
+#include "cli/ReportCommand.h"
 #include "cli/ScriptRunner.h"
 
 #include "store/Database.h"
@@ -29,7 +30,10 @@ void Usage() {
                "       corvane-cli script FILE\n"
                "       corvane-cli post FOLDER\n"
                "       corvane-cli check FOLDER\n"
-               "       corvane-cli export-ledger FOLDER\n",
+               "       corvane-cli export-ledger FOLDER\n"
+               "       corvane-cli report COMPANY NAME [--OPTION VALUE]...\n"
+               "                          (--pdf FILE | --text FILE)\n"
+               "       corvane-cli report --list\n",
                stderr);
 }
 
@@ -74,6 +78,8 @@ int RunCommand(const std::vector<std::string>& args) {
     if (args.size() == 2 && args[0] == "post") return PostVouchers(args[1], std::cout, std::cerr);
     if (args.size() == 2 && args[0] == "check") return CheckLedger(args[1], std::cout);
     if (args.size() == 2 && args[0] == "export-ledger") return ExportLedger(args[1], std::cout);
+    if (!args.empty() && args[0] == "report")
+        return RunReport({args.begin() + 1, args.end()}, std::cout, std::cerr);
     Usage();
     return 2;
 }

@@ -34,10 +34,11 @@ const std::map<std::string, Arity, std::less<>>& Commands() {
 
 const std::map<std::string, Arity, std::less<>>& Expectations() {
     static const std::map<std::string, Arity, std::less<>> kinds{
-        {"message", {1, 1}},   {"caption", {1, 1}}, {"text", {2, 2}},   {"enabled", {1, 1}},
-        {"disabled", {1, 1}},  {"visible", {1, 1}}, {"hidden", {1, 1}}, {"checked", {1, 1}},
-        {"unchecked", {1, 1}}, {"focus", {1, 1}},   {"open", {1, 1}},   {"row", {2, -1}},
-        {"grid", {1, -1}},     {"sql", {1, -1}},
+        {"message", {1, 1}},   {"caption", {1, 1}}, {"text", {2, 2}},    {"enabled", {1, 1}},
+        {"disabled", {1, 1}},  {"visible", {1, 1}}, {"hidden", {1, 1}},  {"checked", {1, 1}},
+        {"unchecked", {1, 1}}, {"focus", {1, 1}},   {"open", {1, 1}},    {"row", {2, -1}},
+        {"grid", {1, -1}},     {"sql", {1, -1}},    {"preview", {1, 1}}, {"page", {2, 2}},
+        {"printed", {1, 1}},
     };
     return kinds;
 }
@@ -59,6 +60,15 @@ void CheckExpectation(const ScriptLine& l) {
     if (it == Expectations().end())
         throw ScriptSyntaxError(l.Number, "Unknown expectation 'expect " + kind + "'");
     CheckArity("expect " + kind, it->second, l.Args.size() - 1, l.Number);
+    if ((kind == "preview" && !ParseRowIndex(l.Args[1])) ||
+        (kind == "page" && ParsePrintCount(l.Args[1]) == 0))
+        throw ScriptSyntaxError(l.Number, "'expect " + kind + "' wants " +
+                                              (kind == "page" ? "a page number" : "a page count") +
+                                              ", found '" + l.Args[1] + "'");
+    if (kind == "printed" && !ParsePageList(l.Args[1]))
+        throw ScriptSyntaxError(l.Number, "'expect printed' wants page numbers like \"1,2,1\", "
+                                          "found '" +
+                                              l.Args[1] + "'");
     if (kind == "row")
         for (std::size_t i = 2; i < l.Args.size(); ++i)
             if (l.Args[i].find('=') == std::string::npos)
@@ -93,6 +103,10 @@ void CheckWords(const ScriptLine& l) {
         if (a[1] != "on" && a[1] != "off")
             throw ScriptSyntaxError(l.Number,
                                     "'check' is followed by on or off, not '" + a[1] + "'");
+    } else if (l.Command == "answer" && a[0] == "print") {
+        if (a.size() != 2 || (a[1] != "cancel" && ParsePrintCount(a[1]) == 0))
+            throw ScriptSyntaxError(l.Number, "'answer print' is followed by a number of copies "
+                                              "or cancel");
     } else if (l.Command == "answer") {
         if (!ParseButtonName(a[0]))
             throw ScriptSyntaxError(l.Number, "Unknown message box button '" + a[0] + "'");

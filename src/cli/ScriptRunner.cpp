@@ -6,6 +6,8 @@
 #include "cli/ScriptWorkspace.h"
 #include "cli/demo/DemoForms.h"
 #include "program/ProgramForms.h"
+#include "reports/preview/RecordingReportOutput.h"
+#include "reports/preview/TfrmPreview.h"
 #include "shell/main/TfrmCorvane.h"
 #include "store/Database.h"
 #include "store/Session.h"
@@ -86,6 +88,11 @@ struct ScriptRunner::State {
     // Lines of the answers and modal blocks queued and not yet used, to name them at the end.
     std::vector<int> answerLines;
     std::map<int, std::string> pendingModals;
+    // Every preview prints here; the lines of the print answers queued, and how many printed
+    // pages an "expect printed" has already seen.
+    reports::RecordingReportOutput printer;
+    std::vector<int> printAnswerLines;
+    std::size_t printedSeen = 0;
 
     void RunBlock(const std::vector<ScriptLine>& lines, ui::Form* modal);
     void Exec(const ScriptLine& l, ui::Form* modal);
@@ -98,6 +105,8 @@ struct ScriptRunner::State {
     void Menu(const std::string& path);
     void OpenForm(const std::string& name);
     void CheckLeftovers();
+    reports::TfrmPreview& Preview(ui::Form* modal) const;
+    void ExpectReport(const ScriptLine& l, ui::Form* modal);
 
     void Fail(const ScriptLine& l, const std::string& what) {
         ++failures;
@@ -122,9 +131,13 @@ struct ScriptRunner::State {
 
 ScriptRunner::ScriptRunner(const shell::FormRegistry& registry, std::ostream& out,
                            std::filesystem::path baseDir)
-    : state_(std::make_unique<State>(registry, out, std::move(baseDir))) {}
+    : state_(std::make_unique<State>(registry, out, std::move(baseDir))) {
+    reports::ReportOutput::Install(&state_->printer);
+}
 
-ScriptRunner::~ScriptRunner() = default;
+ScriptRunner::~ScriptRunner() {
+    reports::ReportOutput::Install(nullptr);
+}
 
 int ScriptRunner::Failures() const {
     return state_->failures;
@@ -275,6 +288,17 @@ void ScriptRunner::State::Exec(const ScriptLine& l, ui::Form* modal) {
         current = a[0];
         return;
     }
+    if (c == "answer" && a[0] == "print") {
+        if (a[1] == "cancel") {
+            printer.CancelPrint();
+        } else {
+            reports::RecordingReportOutput::PrintChoice choice;
+            choice.copies = ParsePrintCount(a[1]);
+            printer.AnswerPrint(choice);
+        }
+        printAnswerLines.push_back(l.Number);
+        return;
+    }
     if (c == "answer") {
         ui::MsgButton button = *ParseButtonName(a[0]);
         a.size() == 2 ? dialogs.Answer(a[1], button) : dialogs.Answer(button);
@@ -362,6 +386,7 @@ void ScriptRunner::State::Expect(const ScriptLine& l, ui::Form* modal) {
         CompareFlag(l, a[1], "open", form && form->Visible(), form ? "hidden" : "no such form");
         return;
     }
+    if (kind == "preview" || kind == "page" || kind == "printed") return ExpectReport(l, modal);
     ui::Form& form = Current(modal);
     ui::FormDriver driver(form);
     if (kind == "caption") return Compare(l, "the caption", a[1], form.Caption);
@@ -412,11 +437,51 @@ void ScriptRunner::State::Expect(const ScriptLine& l, ui::Form* modal) {
     throw ui::ScriptError("Unknown expectation 'expect " + kind + "'");
 }
 
+// The current form when it is a preview, else the one named frmPreview.
+reports::TfrmPreview& ScriptRunner::State::Preview(ui::Form* modal) const {
+    ui::Form* form = modal ? modal : current.empty() ? nullptr : app.FindForm(current);
+    if (auto* preview = dynamic_cast<reports::TfrmPreview*>(form)) return *preview;
+    if (auto* preview = dynamic_cast<reports::TfrmPreview*>(app.FindForm("frmPreview")))
+        return *preview;
+    throw ui::ScriptError("No preview is open");
+}
+
+void ScriptRunner::State::ExpectReport(const ScriptLine& l, ui::Form* modal) {
+    const std::string& kind = l.Args[0];
+    const auto& a = l.Args;
+    if (kind == "printed") {
+        const std::vector<int>& all = printer.PrintedPages();
+        std::vector<int> pages(all.begin() + static_cast<std::ptrdiff_t>(printedSeen), all.end());
+        printedSeen = all.size();
+        return Compare(l, "the printed pages", PageListText(*ParsePageList(a[1])),
+                       PageListText(pages));
+    }
+    reports::TfrmPreview& preview = Preview(modal);
+    if (kind == "preview")
+        return Compare(l, "the preview's page count", std::to_string(*ParseRowIndex(a[1])),
+                       std::to_string(preview.Document().PageCount()));
+    const int page = ParsePrintCount(a[1]);
+    if (preview.PageNumber() != page) {
+        Fail(l, "expected the preview on page " + a[1] + ", found page " +
+                    std::to_string(preview.PageNumber()));
+        return;
+    }
+    const std::string text = preview.pageView.Text();
+    if (text.find(a[2]) == std::string::npos)
+        Fail(l, "expected page " + a[1] + " to hold " + Quoted(a[2]) + ", found " + Quoted(text));
+}
+
 void ScriptRunner::State::CheckLeftovers() {
     std::size_t unused = dialogs.PendingAnswers();
     for (std::size_t i = answerLines.size() - unused; i < answerLines.size(); ++i) {
         ++failures;
         out << "line " << answerLines[i] << ": expected a message box to answer, found none\n";
+    }
+    const std::size_t unusedPrints = printer.PendingAnswers();
+    for (std::size_t i = printAnswerLines.size() - unusedPrints; i < printAnswerLines.size(); ++i) {
+        ++failures;
+        out << "line " << printAnswerLines[i] << ": expected the print dialog to answer, found "
+            << "none opened\n";
     }
     for (const auto& [line, name] : pendingModals) {
         ++failures;

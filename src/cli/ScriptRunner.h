@@ -18,7 +18,8 @@ enum ScriptResult { ScriptPassed = 0, ScriptFailed = 1, ScriptMalformed = 2 };
 // Runs the lines of a scenario script against the forms of the registry, headless: message boxes
 // are answered from the script, modal forms run the lines queued for them. Each failed expectation
 // writes its line, what was expected and what was found to out, and the script goes on; a
-// mistake of the script (a name not on the form, a question nobody answered) stops it.
+// mistake of the script (a name not on the form, a question nobody answered) stops it. While a
+// runner lives, reports print to its recorder, whose print dialog the script answers.
 //
 // A script works in a folder of its own, removed afterwards: the settings folder (HOME and
 // XDG_CONFIG_HOME point there while it runs) and the fresh company made when the script needs one

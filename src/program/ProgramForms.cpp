@@ -3,12 +3,14 @@
 #include "banking/BankingForms.h"
 #include "company/CompanyForms.h"
 #include "ledger/LedgerForms.h"
+#include "reports/system/SystemReports.h"
 #include "shell/main/ShellForms.h"
 
 namespace corvane::program {
 
 void RegisterProgramForms(shell::FormRegistry& registry) {
     shell::RegisterShellForms(registry);
+    reports::RegisterSystemListPrinters(registry);
     ledger::RegisterLedgerForms(registry);
     banking::RegisterBankingForms(registry);
     company::RegisterCompanyForms(registry);

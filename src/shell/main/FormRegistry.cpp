@@ -15,6 +15,15 @@ const FormFactory* FormRegistry::Find(std::string_view componentName) const {
     return it == factories_.end() ? nullptr : &it->second;
 }
 
+void FormRegistry::RegisterListPrinter(std::string listName, ListPrinter printer) {
+    listPrinters_[std::move(listName)] = std::move(printer);
+}
+
+const ListPrinter* FormRegistry::FindListPrinter(std::string_view listName) const {
+    auto it = listPrinters_.find(listName);
+    return it == listPrinters_.end() ? nullptr : &it->second;
+}
+
 std::vector<std::string> FormRegistry::FormNames() const {
     std::vector<std::string> names;
     for (const auto& [name, factory] : factories_)

@@ -16,6 +16,7 @@ class Form;
 
 namespace corvane::shell {
 
+class ListForm;
 class TfrmCorvane;
 
 // What a form needs to be made: the running program and the open company.
@@ -29,6 +30,9 @@ struct FormContext {
 
 // Makes the form (owned by the application) and returns it, not yet shown.
 using FormFactory = std::function<ui::Form&(FormContext&)>;
+
+// Prints what a list shows: its report made in its order and filter, then previewed.
+using ListPrinter = std::function<void(ListForm&)>;
 
 // The forms the program can open, by component name ("frmUsers"). The main form opens every working
 // form through it, so the shell needs to know nothing of the modules above it: each layer adds its
@@ -46,12 +50,19 @@ public:
     // compared without accelerator marks, case and the dots of a dialog entry.
     static std::string NormalMenuPath(std::string_view menuPath);
 
+    // The report of a list form, by the list's component name: the shell's lists cannot name
+    // their reports, which live in a layer above it, so the list's Print asks here.
+    void RegisterListPrinter(std::string listName, ListPrinter printer);
+    // Null when the list has no report.
+    const ListPrinter* FindListPrinter(std::string_view listName) const;
+
     // What fills a new sample company ("Create Sample Data"); empty when the program has no
     // generator, and the sample is then only its Company row.
     std::function<void(store::Database&)> SampleDataGenerator;
 
 private:
     std::map<std::string, FormFactory, std::less<>> factories_;
+    std::map<std::string, ListPrinter, std::less<>> listPrinters_;
 };
 
 } // namespace corvane::shell

@@ -129,6 +129,8 @@ public:
     // Runs as the company closes: shared cursors on it (the look-up data) close with it.
     std::function<void()> OnSessionClose;
 
+    // The forms and list printers the program was started with.
+    const FormRegistry& Registry() const { return registry_; }
     // The menu entry at a path of captions ("GL, Accounts"); null when there is none.
     ui::MenuItem* FindMenuItem(std::string_view path) const;
     // The component name of the form the entry at path opens; empty for none.

@@ -1,6 +1,8 @@
 #include "shell/patterns/ListForm.h"
 
 #include "core/Exception.h"
+#include "shell/main/FormRegistry.h"
+#include "shell/main/TfrmCorvane.h"
 #include "shell/patterns/EditErrorHook.h"
 #include "shell/patterns/EntryForm.h"
 #include "shell/patterns/FilterForm.h"
@@ -78,6 +80,12 @@ void ListForm::Init() {
 }
 
 ListForm::~ListForm() = default;
+
+void ListForm::Print() {
+    auto* main = dynamic_cast<TfrmCorvane*>(App().MainForm());
+    if (!main) return;
+    if (const ListPrinter* printer = main->Registry().FindListPrinter(Name())) (*printer)(*this);
+}
 
 std::vector<store::Value> ListForm::CurrentKey() {
     std::vector<store::Value> key;

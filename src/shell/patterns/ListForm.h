@@ -138,7 +138,9 @@ protected:
     virtual FilterForm* Filter() { return nullptr; }
     virtual FindForm* Find() { return nullptr; }
     virtual SearchForm* Search() { return nullptr; }
-    virtual void Print() {}
+    // The list's report, through the printer the program registered under the list's name;
+    // nothing for a list without one.
+    virtual void Print();
 
 private:
     struct SortEntry {
