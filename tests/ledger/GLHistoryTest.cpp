@@ -62,11 +62,12 @@ TEST_F(GLHistory, NewestFirstWithPeriodSourceAndAccountLabels) {
     At(2, 1);
     EXPECT_EQ(Rows().FieldByName("SourceType").AsString(), "AP Inv");
     std::vector<std::string> cells = ui::FormDriver(*list).GridRow("grdList");
-    ASSERT_EQ(cells.size(), 7u);
+    ASSERT_EQ(cells.size(), 8u);
     EXPECT_EQ(cells[0], "04/2017");
     EXPECT_EQ(cells[2], "1002");
     EXPECT_EQ(cells[5], "5100-EAST");
     EXPECT_EQ(cells[6], "Rent - East");
+    EXPECT_EQ(cells[7], "40.00");
 }
 
 TEST_F(GLHistory, SourcePairsPeriodAndYearFilterTheTable) {

@@ -7,6 +7,10 @@
 #include "ledger/accounts/TfrmGLAccountSearch.h"
 #include "ledger/accounts/TfrmGLAccountSub.h"
 #include "ledger/accounts/TfrmGLAccountsFilter.h"
+#include "ledger/inquiry/TfrmGLHistory.h"
+#include "ledger/reports/ListView.h"
+#include "ledger/reports/TrptGLAccounts.h"
+#include "reports/run/PreviewReport.h"
 #include "ui/Application.h"
 #include "ui/Layout.h"
 
@@ -17,9 +21,6 @@ namespace {
 std::string FutureVersion(std::string_view feature) {
     return "\"" + std::string(feature) + "\" may be added in a future version.";
 }
-
-// The history of an account, newest first.
-constexpr const char* kHistoryIndex = "GLAccntIDPeriodDateJVDESC";
 
 } // namespace
 
@@ -127,7 +128,9 @@ shell::SearchForm* TfrmGLAccounts::Search() {
 }
 
 void TfrmGLAccounts::Print() {
-    if (ui::Form* report = Registered("rptGLAccounts", "GL Accounts Print")) report->Show();
+    auto report = std::make_unique<TrptGLAccounts>(Db());
+    FollowList(tblGLAccnt, report->tblGLAccnt);
+    reports::PreviewReport(App(), std::move(report));
 }
 
 ui::Form* TfrmGLAccounts::Registered(std::string_view componentName, std::string_view feature) {
@@ -141,12 +144,11 @@ void TfrmGLAccounts::ShowHistory() {
     std::int64_t id = tblGLAccnt.FieldByName("GLAccountID").AsInteger();
     ui::Form* form = Registered("frmGLHistory", "GL History");
     if (!form) return;
-    // The history list shows this account only, newest first.
-    if (auto* history = dynamic_cast<shell::ListForm*>(form); history && !history->OverQuery()) {
-        history->MainTable.SetIndexName(kHistoryIndex);
-        history->MainTable.SetRange({id}, {id});
-    }
-    form->Show();
+    // The history list shows this account only, of every year, newest first.
+    if (auto* history = dynamic_cast<TfrmGLHistory*>(form))
+        history->ShowAccount(id, std::nullopt);
+    else
+        form->Show();
 }
 
 void TfrmGLAccounts::ShowTotals() {

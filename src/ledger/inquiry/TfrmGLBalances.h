@@ -43,6 +43,9 @@ public:
     void SetConditions(const std::vector<std::string>& conditions);
     // "WHERE 1=1" when no condition is in force.
     const std::string& WhereLine() const { return where_; }
+    // The list's statement under that WHERE line, by account number: what the totals report
+    // reads when no list stands in front of it.
+    static std::string Statement(const std::string& whereLine);
     TotalsData Data() const { return data_; }
     void SetData(TotalsData data);
 
@@ -52,6 +55,7 @@ public:
 protected:
     shell::EntryForm& Entry() override;
     shell::FilterForm* Filter() override;
+    void Print() override;
 
 private:
     void AddCalculatedFields();

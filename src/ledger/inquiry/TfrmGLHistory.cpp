@@ -6,9 +6,9 @@
 #include "ledger/inquiry/TfrmGLHistoryFilter.h"
 #include "ledger/reports/ListView.h"
 #include "ledger/reports/TrptGLHistory.h"
-#include "reports/run/PreviewReport.h"
 #include "ledger/vouchers/TfrmJV.h"
 #include "ledger/vouchers/VoucherTexts.h"
+#include "reports/run/PreviewReport.h"
 #include "ui/Application.h"
 
 namespace corvane::ledger {
@@ -47,7 +47,7 @@ TfrmGLHistory::TfrmGLHistory(ui::Application& app, store::Database& db,
     grdList.AddColumn("AccountNo", "Account no.", 90);
     grdList.AddColumn("AccountNameLabel", "Name", 180);
     // The line's amount: what a person reading the history looks for first.
-    grdList.AddColumn("GLAmount", "Amount", 105);
+    grdList.AddColumn("Amount", "Amount", 105);
 
     // History is written by posting only: nothing is made, changed or removed here.
     for (ui::MenuItem* item : {&mnuNew, &mnuEdit, &mnuDelete, &popNew, &popEdit, &popDelete}) {
@@ -98,7 +98,7 @@ void TfrmGLHistory::AddCalculatedFields() {
     tblGLHist.OnCalcFields = [this](store::DataSet& ds) { CalculateRow(ds); };
     tblGLHist.Open();
     // Debits plain, credits marked, as on the totals.
-    tblGLHist.FieldByName("GLAmount").DisplayFormat = "#,###,##0.00#;#,###,##0.00#CR";
+    tblGLHist.FieldByName("Amount").DisplayFormat = "#,###,##0.00#;#,###,##0.00#CR";
 }
 
 void TfrmGLHistory::CalculateRow(store::DataSet& ds) {

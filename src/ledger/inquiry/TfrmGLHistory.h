@@ -53,6 +53,7 @@ public:
 protected:
     shell::EntryForm& Entry() override;
     shell::FilterForm* Filter() override;
+    void Print() override;
 
 private:
     void AddCalculatedFields();

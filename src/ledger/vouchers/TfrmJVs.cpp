@@ -1,10 +1,17 @@
 #include "ledger/vouchers/TfrmJVs.h"
 
 #include "core/Exception.h"
+#include "ledger/inquiry/TfrmGLHistory.h"
+#include "ledger/inquiry/TfrmGLHistoryFilter.h"
+#include "ledger/reports/ListView.h"
+#include "ledger/reports/TrptJV.h"
+#include "ledger/reports/TrptJVs.h"
 #include "ledger/vouchers/TfrmJV.h"
 #include "ledger/vouchers/TfrmJVsFilter.h"
 #include "ledger/vouchers/TfrmJVsFind.h"
 #include "ledger/vouchers/VoucherTexts.h"
+#include "reports/run/PreviewReport.h"
+#include "shell/main/TfrmCorvane.h"
 #include "store/Query.h"
 #include "ui/Application.h"
 
@@ -49,6 +56,7 @@ TfrmJVs::TfrmJVs(ui::Application& app, store::Database& db, const shell::FormReg
     mnuCopy.OnClick = [this] { CopyVoucher(); };
     mnuPost.OnClick = [this] { PostVouchers(); };
     mnuHistory.OnClick = [this] { OpenHistory(); };
+    mnuPrintJV.OnClick = [this] { PrintVoucher(); };
     grdList.OnTitleClick = [this](ui::GridColumn& column) { SortByTitle(column); };
     mnuSortPeriod.Click();
 }
@@ -101,6 +109,18 @@ shell::EntryForm& TfrmJVs::Entry() {
 
 shell::FilterForm* TfrmJVs::Filter() {
     return &App().SingleForm<TfrmJVsFilter>(static_cast<shell::ListForm&>(*this));
+}
+
+void TfrmJVs::Print() {
+    auto report = std::make_unique<TrptJVs>(Db());
+    FollowList(tblJV, report->tblJV);
+    reports::PreviewReport(App(), std::move(report));
+}
+
+void TfrmJVs::PrintVoucher() {
+    if (tblJV.IsEmpty()) return;
+    reports::PreviewReport(App(),
+                           std::make_unique<TrptJV>(Db(), tblJV.FieldByName("JVID").AsInteger()));
 }
 
 shell::FindForm* TfrmJVs::Find() {
@@ -165,7 +185,18 @@ void TfrmJVs::PostVouchers() {
 }
 
 void TfrmJVs::OpenHistory() {
-    if (ui::Form* history = MakeRegistered("frmGLHistory")) history->Show();
+    if (main_ && !main_->CheckUserAccess("GLHistory", "GL History")) return;
+    ui::Form* form = MakeRegistered("frmGLHistory");
+    auto* history = dynamic_cast<TfrmGLHistory*>(form);
+    if (!history) {
+        if (form) form->Show();
+        return;
+    }
+    // All lines, newest first, until the user names what to see; an account picked earlier
+    // elsewhere does not carry over.
+    history->FilterDialog().Clear();
+    history->ApplyFilter({}, false, 0);
+    history->RunFilterFirst();
 }
 
 } // namespace corvane::ledger

@@ -28,6 +28,7 @@ public:
     ui::MenuItem mnuCopy{mnuRecords, "mnuCopy", "&Copy"};
     ui::MenuItem mnuPost{mnuRecords, "mnuPost", "&Post..."};
     ui::MenuItem mnuHistory{mnuView, "mnuHistory", "&History..."};
+    ui::MenuItem mnuPrintJV{mnuRecords, "mnuPrintJV", "Print &JV..."};
     ui::ToolButton tbnCopy{tlbList, "tbnCopy", mnuCopy};
     ui::ToolButton tbnPost{tlbList, "tbnPost", mnuPost};
 
@@ -35,11 +36,14 @@ public:
     void CopyVoucher();
     void PostVouchers();
     void OpenHistory();
+    // The current voucher with its lines, to the preview.
+    void PrintVoucher();
 
 protected:
     shell::EntryForm& Entry() override;
     shell::FilterForm* Filter() override;
     shell::FindForm* Find() override;
+    void Print() override;
 
 private:
     TfrmJV& VoucherForm();
