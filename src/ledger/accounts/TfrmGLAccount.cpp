@@ -4,6 +4,7 @@
 #include "core/Text.h"
 #include "ledger/accounts/AccountTypes.h"
 #include "ledger/accounts/NextId.h"
+#include "ui/Application.h"
 #include "ui/Layout.h"
 
 namespace corvane::ledger {
@@ -42,8 +43,28 @@ TfrmGLAccount::TfrmGLAccount(ui::Application& app, store::Database& db)
         ButtonRow{btnOK, btnCancel},
     });
     EntryTable.BeforePost = [this](store::DataSet&) { BeforePostAccount(); };
+    EntryTable.AfterPost = [this](store::DataSet&) { chartChanged_ = true; };
     OnShow = [this] { ShowState(); };
     ShowState();
+}
+
+TfrmGLAccount::~TfrmGLAccount() {
+    EntryTable.BeforePost = EntryTable.AfterPost = nullptr;
+    if (!chartChanged_) return;
+    // A form going away never stops what is closing it: a company already gone asks nothing.
+    try {
+        if (StatementsExist())
+            App().MessageDlg(ChartChangedTip, ui::MsgType::Information, {ui::mbOK});
+    } catch (...) {
+    }
+}
+
+bool TfrmGLAccount::StatementsExist() {
+    store::Database& db = EntryTable.OwnerDatabase();
+    if (!db.Connected()) return false;
+    store::Table statements(db, "FStmt");
+    statements.Open();
+    return !statements.IsEmpty();
 }
 
 void TfrmGLAccount::BeforePostAccount() {

@@ -14,6 +14,15 @@ namespace corvane::ledger {
 class TfrmGLAccount : public shell::EntryForm {
 public:
     TfrmGLAccount(ui::Application& app, store::Database& db);
+    // Reminds the user of custom statements when the chart changed here (see ChartChangedTip).
+    ~TfrmGLAccount() override;
+
+    // Custom financial statements list accounts one by one, so a changed chart leaves them
+    // behind until someone updates them.
+    static constexpr const char* ChartChangedTip =
+        "Tip: the chart of accounts has changed.\n\nIf you use custom financial statements, "
+        "update them so that they include the new or changed accounts. AutoCreate can also "
+        "rebuild the financial statements from the chart of accounts.";
 
     store::Table& tblGLAccnt = EntryTable;
     ui::DBEdit editGLAccount{*this, "editGLAccount", EntryTable, "GLAccount"};
@@ -30,8 +39,11 @@ protected:
 private:
     void BeforePostAccount();
     void ShowState();
+    bool StatementsExist();
 
     ui::DBEdit* const numberEdit_ = &editGLAccount;
+    // An account was added or changed through this form while it lived.
+    bool chartChanged_ = false;
     ui::FieldDataLink typeLink_{EntryTable, "AccountType", [this] { ShowState(); }};
     ui::FieldDataLink nameLink_{EntryTable, "AccountName", [this] { ShowState(); }};
 };

@@ -6,9 +6,12 @@
 #include "ledger/periods/PeriodCheck.h"
 #include "ledger/periods/YearEntry.h"
 #include "ledger/posting/Unposting.h"
+#include "ledger/vouchers/JVImport.h"
 #include "ledger/vouchers/NumberBox.h"
+#include "ledger/vouchers/TfrmImportJVData.h"
 #include "ledger/vouchers/VoucherNumbering.h"
 #include "ledger/vouchers/VoucherTexts.h"
+#include "shell/main/TfrmCorvane.h"
 #include "store/EngineError.h"
 #include "store/Query.h"
 #include "ui/Application.h"
@@ -61,7 +64,6 @@ TfrmJV::TfrmJV(ui::Application& app, store::Database& db)
 
     lblPosted.Visible = false;
     btnUnpost.Visible = false;
-    popImport.Visible = false;
     grdLines.Popup = &popLines;
     grdLines.ReadOnly = false;
     grdLines.AddColumn("GLAccountID", "GL Account", 80);
@@ -80,7 +82,7 @@ TfrmJV::TfrmJV(ui::Application& app, store::Database& db)
         grdLines,
         Row{btnGLAccounts, Stretch{}},
         stbTotals,
-        ButtonRow{btnOK, btnCancel, btnOKNew},
+        ButtonRow{btnOK, btnCancel, btnHelp, btnOKNew},
     });
 
     EntryTable.OnNewRecord = [this](store::DataSet&) { NewVoucher(); };
@@ -128,6 +130,8 @@ TfrmJV::TfrmJV(ui::Application& app, store::Database& db)
     OnClose = [](ui::CloseAction& action) { action = ui::CloseAction::Free; };
     popNewLine.OnClick = [this] { NewLine(); };
     popDeleteLine.OnClick = [this] { DeleteLine(); };
+    popImport.OnClick = [this] { ImportJVData(); };
+    btnHelp.OnClick = [this] { ShowHelp(); };
     btnGLAccounts.OnClick = [this] {
         if (OpenRegisteredForm) OpenRegisteredForm("frmGLAccounts");
     };
@@ -436,6 +440,7 @@ void TfrmJV::ShowPostedState() {
     lblPosted.Visible = posted;
     btnUnpost.Visible = posted;
     popNewLine.Enabled = popDeleteLine.Enabled = !posted;
+    popImport.Visible = !posted;
     grdLines.Popup = posted ? nullptr : &popLines;
 }
 
@@ -495,6 +500,67 @@ void TfrmJV::NewLine() {
     tblJVDet.Append();
     Focus(grdLines);
     grdLines.SelectColumn(0);
+}
+
+void TfrmJV::ImportJVData() {
+    if (Posted()) RefusePosted();
+    auto& dialog = App().SingleForm<TfrmImportJVData>();
+    if (dialog.ShowModal() != ui::mrOK) return;
+    ImportLines(dialog.FileName());
+}
+
+void TfrmJV::ImportLines(const std::string& fileName) {
+    if (Posted()) RefusePosted();
+    // The line being typed is kept first, whatever the file holds.
+    tblJVDet.CheckBrowseMode();
+    // The whole file is read and matched before the first line is added.
+    std::vector<JVImportMatch> matches =
+        MatchJVImport(EntryTable.OwnerDatabase(), ReadJVImportFile(fileName));
+    auto goOn = [this](std::string_view kind, const std::string& number) {
+        return App().MessageDlg(MissingNumberQuestion(kind, number), ui::MsgType::Confirmation,
+                                {ui::mbYes, ui::mbNo}) == ui::mbYes;
+    };
+    // The first number that names nothing decides the row: skipped on Yes, the end on No.
+    auto accepted = [&](const JVImportMatch& match, bool& stop) {
+        if (match.GLAccountID.IsNull()) {
+            stop = !goOn("Account", match.Row.Account);
+            return false;
+        }
+        for (int level = 0; level < 3; ++level) {
+            const std::string& number = match.Row.SubAccounts[level];
+            if (number.empty() || !match.SubAccountIDs[level].IsNull()) continue;
+            stop = !goOn("SubAccount" + std::to_string(level + 1), number);
+            return false;
+        }
+        return true;
+    };
+    bool stop = false;
+    for (const JVImportMatch& match : matches) {
+        if (!accepted(match, stop)) {
+            if (stop) break;
+            continue;
+        }
+        tblJVDet.Append();
+        try {
+            tblJVDet.FieldByName("GLAccountID").SetValue(match.GLAccountID);
+            tblJVDet.FieldByName("GLAmount").SetAsMoney(match.Row.Amount);
+            for (int level = 0; level < 3; ++level)
+                tblJVDet.FieldByName(kSubFields[level]).SetValue(match.SubAccountIDs[level]);
+            tblJVDet.Post();
+        } catch (...) {
+            // A refused line is not left half made; the lines before it stay.
+            if (Editing(tblJVDet)) tblJVDet.Cancel();
+            ShowTotals();
+            throw;
+        }
+    }
+    ShowTotals();
+}
+
+void TfrmJV::ShowHelp() {
+    // The program's help is the main form's: one place says what there is of it.
+    if (auto* main = dynamic_cast<shell::TfrmCorvane*>(App().MainForm()))
+        main->mnuHelpContents.Click();
 }
 
 void TfrmJV::DeleteLine() {

@@ -56,6 +56,7 @@ public:
     ui::Button btnGLAccounts{*this, "btnGLAccounts", "GL Accounts"};
     ui::StatusBar stbTotals{*this, "stbTotals"};
     ui::Button btnOKNew{*this, "btnOKNew", "OK && &New"};
+    ui::Button btnHelp{*this, "btnHelp", "&Help"};
 
     const VoucherTotals& Totals() const { return totals_; }
     // A new voucher with the lines, description, amount and auto-reverse of the saved voucher
@@ -64,6 +65,12 @@ public:
     // Keeps the open line, checks the voucher, then writes it and its lines as one unit; a
     // refusal writes nothing and leaves both as typed.
     void SaveVoucher();
+    // Asks for a file of lines and adds them to the voucher (see ImportLines).
+    void ImportJVData();
+    // Adds the lines of the file to the voucher through the rules of typed lines. A number that
+    // names nothing asks whether to go on without that row; No ends the import. A faulty file
+    // adds nothing.
+    void ImportLines(const std::string& fileName);
     // The scratch table holding the lines shown, in the "memory" database.
     const std::string& LinesTableName() const { return linesTable_; }
     // Opens the form named in the registry (the accounts list); set by whoever registers the form.
@@ -102,6 +109,7 @@ private:
     void DeleteLine();
     void NewLine();
     void Unpost();
+    void ShowHelp();
     std::string DescriptionShown(const store::Field& field);
 
     VoucherTotals totals_;
