@@ -9,34 +9,16 @@
 #include "shell/main/FormRegistry.h"
 #include "shell/main/ShellForms.h"
 #include "shell/main/TfrmCorvane.h"
+#include "support/ScopedDataHome.h"
 
 #include <cstdlib>
 #include <optional>
 
 using namespace corvane;
 using corvane::testing::InquiryTest;
+using corvane::testing::ScopedDataHome;
 
 namespace {
-
-// Points the program's data and temporary folders into a folder of the test for its lifetime,
-// so that the main form's settings stay out of the user's.
-class ScopedDataHome {
-public:
-    explicit ScopedDataHome(const std::string& root) {
-        for (const char* name : {"XDG_DATA_HOME", "TMPDIR"}) {
-            const char* old = std::getenv(name);
-            saved_.emplace_back(name, old ? std::optional<std::string>(old) : std::nullopt);
-            setenv(name, root.c_str(), 1);
-        }
-    }
-    ~ScopedDataHome() {
-        for (const auto& [name, value] : saved_)
-            value ? setenv(name.c_str(), value->c_str(), 1) : unsetenv(name.c_str());
-    }
-
-private:
-    std::vector<std::pair<std::string, std::optional<std::string>>> saved_;
-};
 
 // Posted lines of two years on cash and sales, and the ledger's forms registered as the
 // program registers them.

@@ -7,12 +7,12 @@
 #include "reports/preview/TfrmPreview.h"
 #include "reports/render/TextRenderer.h"
 #include "reports/run/TrptBase.h"
+#include "support/GoldenFile.h"
 
 #include <gtest/gtest.h>
 
 #include <cstdlib>
 #include <filesystem>
-#include <fstream>
 #include <sstream>
 #include <string>
 
@@ -64,21 +64,9 @@ protected:
             .Render(preview->Document());
     }
 
-    // Stored pages beside the tests; CORVANE_UPDATE_GOLDEN=1 writes them afresh from the run
-    // instead of comparing: read the difference before keeping it.
+    // The ledger's stored pages, in tests/ledger/golden.
     static void CompareWithGolden(const std::string& name, const std::string& actual) {
-        const std::filesystem::path path =
-            std::filesystem::path(CORVANE_TESTS_DIR) / "ledger" / "golden" / name;
-        const char* update = std::getenv("CORVANE_UPDATE_GOLDEN");
-        if (update && std::string(update) == "1") {
-            std::ofstream(path, std::ios::binary) << actual;
-            GTEST_SKIP() << "wrote " << path;
-        }
-        std::ifstream in(path, std::ios::binary);
-        ASSERT_TRUE(in) << "no expected pages at " << path << "; run with CORVANE_UPDATE_GOLDEN=1";
-        std::stringstream expected;
-        expected << in.rdbuf();
-        EXPECT_EQ(actual, expected.str()) << "pages differ from " << path;
+        corvane::testing::CompareWithGolden("ledger", name, actual);
     }
 
     // How many lines of the text hold the word.

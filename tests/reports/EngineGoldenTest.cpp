@@ -9,12 +9,12 @@
 #include "reports/page/ReportDocument.h"
 #include "reports/render/PdfWriter.h"
 #include "reports/render/TextRenderer.h"
+#include "support/GoldenFile.h"
 
 #include <gtest/gtest.h>
 
 #include <cstdlib>
 #include <filesystem>
-#include <fstream>
 #include <sstream>
 
 namespace corvane::testing {
@@ -22,26 +22,6 @@ namespace {
 
 using namespace corvane::reports;
 namespace fs = std::filesystem;
-
-// Expected pages live beside this file. CORVANE_UPDATE_GOLDEN=1 writes them afresh from the run
-// instead of comparing; look at the difference before keeping it.
-fs::path GoldenPath(const std::string& name) {
-    return fs::path(CORVANE_TESTS_DIR) / "reports" / "golden" / name;
-}
-
-void CompareWithGolden(const std::string& name, const std::string& actual) {
-    const fs::path path = GoldenPath(name);
-    const char* update = std::getenv("CORVANE_UPDATE_GOLDEN");
-    if (update && std::string(update) == "1") {
-        std::ofstream(path, std::ios::binary) << actual;
-        GTEST_SKIP() << "wrote " << path;
-    }
-    std::ifstream in(path, std::ios::binary);
-    ASSERT_TRUE(in) << "no expected pages at " << path << "; run with CORVANE_UPDATE_GOLDEN=1";
-    std::stringstream expected;
-    expected << in.rdbuf();
-    EXPECT_EQ(actual, expected.str()) << "pages differ from " << path;
-}
 
 class EngineGolden : public CompanyTest {
 protected:
@@ -180,7 +160,7 @@ TEST_F(EngineGolden, HistoryGroupedByPeriodWithPageTotalsAndSummary) {
     ASSERT_GE(doc.PageCount(), 2);
     // CORVANE_GOLDEN_PDF=FILE writes the same pages as PDF, to look at them as a reader would.
     if (const char* pdf = std::getenv("CORVANE_GOLDEN_PDF")) WritePdf(doc, pdf);
-    CompareWithGolden("gl-history-by-period.txt",
+    CompareWithGolden("reports", "gl-history-by-period.txt",
                       TextRenderer(TextRenderer::PageBreak::PageMarker).Render(doc));
 }
 

@@ -3,6 +3,7 @@
 #include "shell/main/FormRegistry.h"
 #include "shell/main/TfrmCorvane.h"
 #include "support/CompanyFixture.h"
+#include "support/ScopedDataHome.h"
 
 #include <cstdlib>
 #include <optional>
@@ -53,25 +54,6 @@ TEST_F(PreviewTest, SeveralPreviewsStayOpenSideBySideAndEachFreesItselfAlone) {
     // The name freed is the next preview's.
     EXPECT_EQ(Preview(FinishedReport(1)).Name(), "frmPreview");
 }
-
-// The program's settings and data go to a folder of the test while the main form lives.
-class ScopedDataHome {
-public:
-    explicit ScopedDataHome(const std::string& root) {
-        for (const char* name : {"XDG_DATA_HOME", "TMPDIR"}) {
-            const char* old = std::getenv(name);
-            saved_.emplace_back(name, old ? std::optional<std::string>(old) : std::nullopt);
-            setenv(name, root.c_str(), 1);
-        }
-    }
-    ~ScopedDataHome() {
-        for (const auto& [name, value] : saved_)
-            value ? setenv(name.c_str(), value->c_str(), 1) : unsetenv(name.c_str());
-    }
-
-private:
-    std::vector<std::pair<std::string, std::optional<std::string>>> saved_;
-};
 
 TEST_F(PreviewTest, OpenPreviewOutlivesTheClosingOfAllFormsAtACompanyChange) {
     TempFolder home;

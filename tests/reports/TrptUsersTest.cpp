@@ -9,13 +9,13 @@
 #include "reports/system/SystemReports.h"
 #include "shell/main/FormRegistry.h"
 #include "shell/users/TfrmUsers.h"
+#include "support/GoldenFile.h"
 #include "ui/HeadlessApp.h"
 
 #include <gtest/gtest.h>
 
 #include <cstdlib>
 #include <filesystem>
-#include <fstream>
 #include <sstream>
 
 namespace corvane::testing {
@@ -23,22 +23,6 @@ namespace {
 
 using namespace corvane::reports;
 namespace fs = std::filesystem;
-
-// The stored pages of the users report, beside this file; CORVANE_UPDATE_GOLDEN=1 writes them
-// afresh from the run instead of comparing.
-void CompareWithGolden(const std::string& name, const std::string& actual) {
-    const fs::path path = fs::path(CORVANE_TESTS_DIR) / "reports" / "golden" / name;
-    const char* update = std::getenv("CORVANE_UPDATE_GOLDEN");
-    if (update && std::string(update) == "1") {
-        std::ofstream(path, std::ios::binary) << actual;
-        GTEST_SKIP() << "wrote " << path;
-    }
-    std::ifstream in(path, std::ios::binary);
-    ASSERT_TRUE(in) << "no expected pages at " << path << "; run with CORVANE_UPDATE_GOLDEN=1";
-    std::stringstream expected;
-    expected << in.rdbuf();
-    EXPECT_EQ(actual, expected.str()) << "pages differ from " << path;
-}
 
 class TrptUsersTest : public UiCompanyTest {
 protected:
@@ -90,7 +74,7 @@ TEST_F(TrptUsersTest, PagesMatchTheStoredOnes) {
     const std::string pages = PagesOf(report);
     ASSERT_NE(pages.find("---- page 2 ----"), std::string::npos) << pages;
     EXPECT_EQ(pages.find("Tr0ub4dor"), std::string::npos) << pages;
-    CompareWithGolden("users.txt", pages);
+    CompareWithGolden("reports", "users.txt", pages);
 }
 
 TEST_F(TrptUsersTest, NoUsersMakeNoPageAndFilteredRowsStayOut) {

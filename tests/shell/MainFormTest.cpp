@@ -5,6 +5,7 @@
 #include "shell/users/TfrmUsers.h"
 #include "store/tables/CompanyDatabase.h"
 #include "support/ChildProcess.h"
+#include "support/ScopedDataHome.h"
 #include "ui/FormDriver.h"
 #include "ui/HeadlessApp.h"
 
@@ -20,25 +21,6 @@ namespace corvane::testing {
 namespace {
 
 namespace fs = std::filesystem;
-
-// Points the program's data and temporary folders into a folder of the test for its lifetime.
-class ScopedDataHome {
-public:
-    explicit ScopedDataHome(const std::string& root) {
-        for (const char* name : {"XDG_DATA_HOME", "TMPDIR"}) {
-            const char* old = std::getenv(name);
-            saved_.emplace_back(name, old ? std::optional<std::string>(old) : std::nullopt);
-            setenv(name, root.c_str(), 1);
-        }
-    }
-    ~ScopedDataHome() {
-        for (const auto& [name, value] : saved_)
-            value ? setenv(name.c_str(), value->c_str(), 1) : unsetenv(name.c_str());
-    }
-
-private:
-    std::vector<std::pair<std::string, std::optional<std::string>>> saved_;
-};
 
 class MainFormTest : public UiCompanyTest {
 protected:

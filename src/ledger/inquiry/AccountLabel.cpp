@@ -1,5 +1,7 @@
 #include "ledger/inquiry/AccountLabel.h"
 
+#include "store/DataSet.h"
+
 namespace corvane::ledger {
 
 std::string AccountNumberLabel(const AccountLabelParts& parts) {
@@ -18,6 +20,26 @@ std::string AccountNameLabel(const AccountLabelParts& parts) {
     for (const auto& name : parts.SubNames)
         if (name) label += " - " + *name;
     return label;
+}
+
+namespace {
+std::optional<std::string> TextOrNone(const store::Field& field) {
+    if (field.IsNull()) return std::nullopt;
+    return field.AsString();
+}
+} // namespace
+
+void SetJoinedAccountLabels(store::DataSet& row) {
+    AccountLabelParts parts;
+    parts.Number = row.FieldByName("GLAccount").AsString();
+    parts.Name = row.FieldByName("AccountName").AsString();
+    for (std::size_t level = 0; level < 3; ++level) {
+        std::string prefix = "SubAccount" + std::to_string(level + 1);
+        parts.SubNumbers[level] = TextOrNone(row.FieldByName(prefix));
+        parts.SubNames[level] = TextOrNone(row.FieldByName(prefix + "Name"));
+    }
+    row.FieldByName("AccountNo").SetAsString(AccountNumberLabel(parts));
+    row.FieldByName("AccountNameLabel").SetAsString(AccountNameLabel(parts));
 }
 
 } // namespace corvane::ledger

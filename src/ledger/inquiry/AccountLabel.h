@@ -4,6 +4,10 @@
 #include <optional>
 #include <string>
 
+namespace corvane::store {
+class DataSet;
+}
+
 namespace corvane::ledger {
 
 // An account with the subaccounts of a totals or history row; a level that is not set is empty.
@@ -20,5 +24,9 @@ std::string AccountNumberLabel(const AccountLabelParts& parts);
 
 // "Rent - East": the account name, then " - " and the name of each level that is set.
 std::string AccountNameLabel(const AccountLabelParts& parts);
+
+// Sets "AccountNo" and "AccountNameLabel" of a row that joins the account (GLAccount,
+// AccountName) to its subaccounts (SubAccount1, SubAccount1Name, ... SubAccount3Name).
+void SetJoinedAccountLabels(store::DataSet& row);
 
 } // namespace corvane::ledger

@@ -1,6 +1,8 @@
 #include "ledger/inquiry/PeriodColumns.h"
 
 #include "ledger/accounts/AccountTypes.h"
+#include "ledger/inquiry/AccountLabel.h"
+#include "store/DataSet.h"
 
 namespace corvane::ledger {
 
@@ -20,6 +22,26 @@ PeriodColumnValues PeriodColumnsOf(const YearAmounts& year, TotalsData data) {
         values.Total += year.Amounts[n];
     }
     return values;
+}
+
+std::string PeriodField(int n) {
+    return "Period" + std::to_string(n);
+}
+
+void CalculateTotalsRow(store::DataSet& row, TotalsData data) {
+    SetJoinedAccountLabels(row);
+    // An account with no totals joins to nothing: its amounts stay empty.
+    if (row.FieldByName("GLYear").IsNull()) return;
+    YearAmounts year;
+    year.AccountType = static_cast<int>(row.FieldByName("AccountType").AsInteger());
+    year.OpeningBal = row.FieldByName("OpeningBal").AsMoney();
+    for (int n = 1; n <= 12; ++n)
+        year.Amounts[static_cast<std::size_t>(n - 1)] =
+            row.FieldByName("Amount" + std::to_string(n)).AsMoney();
+    PeriodColumnValues values = PeriodColumnsOf(year, data);
+    for (int n = 1; n <= 12; ++n)
+        row.FieldByName(PeriodField(n)).SetAsMoney(values.Periods[static_cast<std::size_t>(n - 1)]);
+    row.FieldByName("AmountTot").SetAsMoney(values.Total);
 }
 
 } // namespace corvane::ledger

@@ -4,6 +4,11 @@
 
 #include <array>
 #include <optional>
+#include <string>
+
+namespace corvane::store {
+class DataSet;
+}
 
 namespace corvane::ledger {
 
@@ -31,5 +36,13 @@ PeriodColumnValues PeriodColumnsOf(const YearAmounts& year, TotalsData data);
 
 // True when the row shows movements rather than balances.
 bool ShowsNetChange(int accountType, TotalsData data);
+
+// "Period1" .. "Period12": the calculated period columns of a totals row.
+std::string PeriodField(int n);
+
+// Fills what a row of the totals query shows, for the list and its report alike: the account
+// labels, Period1..Period12 under the chosen data and AmountTot. An account without totals keeps
+// its amounts empty.
+void CalculateTotalsRow(store::DataSet& row, TotalsData data);
 
 } // namespace corvane::ledger

@@ -3,6 +3,7 @@
 #include "core/Exception.h"
 #include "ledger/inquiry/AccountFind.h"
 #include "ledger/inquiry/AccountLabel.h"
+#include "ledger/inquiry/InquiryList.h"
 #include "ledger/inquiry/TfrmGLBalancesFilter.h"
 #include "ledger/inquiry/TfrmGLHistory.h"
 #include "ledger/reports/ListView.h"
@@ -34,15 +35,6 @@ constexpr const char* kByName = "g.AccountName, s1.SubAccount, s2.SubAccount, s3
                                 "a.GLYear";
 constexpr const char* kAmountFormat = "#,###,##0.00#;#,###,##0.00#CR";
 
-std::string PeriodField(int n) {
-    return "Period" + std::to_string(n);
-}
-
-std::optional<std::string> TextOrNone(const store::Field& field) {
-    if (field.IsNull()) return std::nullopt;
-    return field.AsString();
-}
-
 } // namespace
 
 TfrmGLBalances::TfrmGLBalances(ui::Application& app, store::Database& db,
@@ -62,26 +54,14 @@ TfrmGLBalances::TfrmGLBalances(ui::Application& app, store::Database& db,
     grdList.AddColumn("AmountTot", "Total Change", 110);
 
     // Totals are what posting left behind: no row is made, changed or removed here.
-    for (ui::MenuItem* item : {&mnuNew, &mnuEdit, &mnuDelete, &popNew, &popEdit, &popDelete}) {
-        item->Visible = false;
-        item->Enabled = false;
-    }
-    for (ui::ToolButton* button : {&tbnNew, &tbnEdit, &tbnDelete})
-        button->OwnVisible = false;
+    HideRowEditing(*this);
     mnuFind.Visible = true;
     mnuFind.OnClick = [this] { FindAccountInList(*this, 0); };
     mnuHistory.OnClick = [this] { ShowHistory(); };
     mnuBudget.OnClick = [this] { ShowBudget(); };
     grdList.OnDblClick = [this] { ShowHistory(); };
     grdList.OnKeyPress = [this](char& ch) {
-        char typed = ch;
-        if (typed == '\r') {
-            ch = 0;
-            ShowHistory();
-        } else if (static_cast<unsigned char>(typed) > 27) {
-            ch = 0;
-            FindAccountInList(*this, typed);
-        }
+        OpenOrFindAccount(*this, ch, [this] { ShowHistory(); });
     };
 
     for (ui::MenuItem* item : {&mnuSortGLAccount, &mnuSortAccountName})
@@ -140,28 +120,7 @@ void TfrmGLBalances::AddCalculatedFields() {
 }
 
 void TfrmGLBalances::CalculateRow(store::DataSet& ds) {
-    AccountLabelParts parts;
-    parts.Number = ds.FieldByName("GLAccount").AsString();
-    parts.Name = ds.FieldByName("AccountName").AsString();
-    for (int level = 0; level < 3; ++level) {
-        std::string prefix = "SubAccount" + std::to_string(level + 1);
-        parts.SubNumbers[level] = TextOrNone(ds.FieldByName(prefix));
-        parts.SubNames[level] = TextOrNone(ds.FieldByName(prefix + "Name"));
-    }
-    ds.FieldByName("AccountNo").SetAsString(AccountNumberLabel(parts));
-    ds.FieldByName("AccountNameLabel").SetAsString(AccountNameLabel(parts));
-    // An account with no totals joins to nothing: its amounts stay empty.
-    if (ds.FieldByName("GLYear").IsNull()) return;
-    YearAmounts year;
-    year.AccountType = static_cast<int>(ds.FieldByName("AccountType").AsInteger());
-    year.OpeningBal = ds.FieldByName("OpeningBal").AsMoney();
-    for (int n = 1; n <= 12; ++n)
-        year.Amounts[static_cast<std::size_t>(n - 1)] =
-            ds.FieldByName("Amount" + std::to_string(n)).AsMoney();
-    PeriodColumnValues values = PeriodColumnsOf(year, data_);
-    for (int n = 1; n <= 12; ++n)
-        ds.FieldByName(PeriodField(n)).SetAsMoney(values.Periods[static_cast<std::size_t>(n - 1)]);
-    ds.FieldByName("AmountTot").SetAsMoney(values.Total);
+    CalculateTotalsRow(ds, data_);
 }
 
 void TfrmGLBalances::Print() {

@@ -2,7 +2,8 @@
 
 #include "core/Exception.h"
 #include "ledger/inquiry/AccountFind.h"
-#include "ledger/inquiry/AccountLabel.h"
+#include "ledger/inquiry/HistoryLineFields.h"
+#include "ledger/inquiry/InquiryList.h"
 #include "ledger/inquiry/TfrmGLHistoryFilter.h"
 #include "ledger/reports/ListView.h"
 #include "ledger/reports/TrptGLHistory.h"
@@ -50,12 +51,7 @@ TfrmGLHistory::TfrmGLHistory(ui::Application& app, store::Database& db,
     grdList.AddColumn("Amount", "Amount", 105);
 
     // History is written by posting only: nothing is made, changed or removed here.
-    for (ui::MenuItem* item : {&mnuNew, &mnuEdit, &mnuDelete, &popNew, &popEdit, &popDelete}) {
-        item->Visible = false;
-        item->Enabled = false;
-    }
-    for (ui::ToolButton* button : {&tbnNew, &tbnEdit, &tbnDelete})
-        button->OwnVisible = false;
+    HideRowEditing(*this);
     mnuFind.Visible = true;
     mnuFind.OnClick = [this] { FindAccountInList(*this, 0); };
     mnuJV.OnClick = [this] { OpenVoucher(); };
@@ -63,14 +59,7 @@ TfrmGLHistory::TfrmGLHistory(ui::Application& app, store::Database& db,
     mnuCopyJV.OnClick = [this] { CopyVoucher(); };
     grdList.OnDblClick = [this] { OpenVoucher(); };
     grdList.OnKeyPress = [this](char& ch) {
-        char typed = ch;
-        if (typed == '\r') {
-            ch = 0;
-            OpenVoucher();
-        } else if (static_cast<unsigned char>(typed) > 27) {
-            ch = 0;
-            FindAccountInList(*this, typed);
-        }
+        OpenOrFindAccount(*this, ch, [this] { OpenVoucher(); });
     };
     // A list the main menu opened afresh has its filter off: the dialog follows it.
     auto showList = OnShow;
@@ -102,39 +91,11 @@ void TfrmGLHistory::AddCalculatedFields() {
 }
 
 void TfrmGLHistory::CalculateRow(store::DataSet& ds) {
-    ds.FieldByName("Periodppyyyy")
-        .SetAsString(PeriodText(static_cast<int>(ds.FieldByName("GLPeriod").AsInteger()),
-                                static_cast<int>(ds.FieldByName("GLYear").AsInteger())));
-    ds.FieldByName("SourceType")
-        .SetAsString(VoucherSourceLabel(ds.FieldByName("Source").AsString(),
-                                        ds.FieldByName("TransType").AsString()));
-    AccountLabelParts parts;
-    std::vector<store::Value> account = tblGLAccnt.LookupValues(
-        "GLAccountID", {ds.FieldByName("GLAccountID").AsValue()}, "GLAccount;AccountName");
-    if (account.size() == 2) {
-        parts.Number = account[0].IsNull() ? std::string() : account[0].Str();
-        parts.Name = account[1].IsNull() ? std::string() : account[1].Str();
-    }
-    store::Table* subs[] = {&tblGLAcSub1, &tblGLAcSub2, &tblGLAcSub3};
-    for (int level = 0; level < 3; ++level) {
-        store::Value id = ds.FieldByName("SubAccount" + std::to_string(level + 1) + "ID").AsValue();
-        if (id.IsNull()) continue;
-        std::vector<store::Value> sub =
-            subs[level]->LookupValues("SubAccountID", {id}, "SubAccount;SubAccountName");
-        if (sub.size() != 2 || sub[0].IsNull()) continue;
-        parts.SubNumbers[level] = sub[0].Str();
-        parts.SubNames[level] = sub[1].IsNull() ? std::string() : sub[1].Str();
-    }
-    ds.FieldByName("AccountNo").SetAsString(AccountNumberLabel(parts));
-    ds.FieldByName("AccountNameLabel").SetAsString(AccountNameLabel(parts));
+    CalculateHistoryLine(ds, {tblGLAccnt, tblGLAcSub1, tblGLAcSub2, tblGLAcSub3});
 }
 
 bool TfrmGLHistory::TypeMatches(store::DataSet& ds) {
-    if (accountType_ == 0) return true;
-    // The type lives on the account, not on the line: it is looked up for each line.
-    store::Value type =
-        tblGLAccnt.Lookup("GLAccountID", {ds.FieldByName("GLAccountID").AsValue()}, "AccountType");
-    return !type.IsNull() && type.Int() == accountType_;
+    return HistoryLineHasType(ds, tblGLAccnt, accountType_);
 }
 
 void TfrmGLHistory::ApplyFilter(const std::string& expression, bool byAccount, int accountType) {

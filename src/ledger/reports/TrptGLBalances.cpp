@@ -29,15 +29,6 @@ double AmountLeft(int column) {
     return OpeningLeft + AmountStep * column;
 }
 
-std::string PeriodField(int n) {
-    return "Period" + std::to_string(n);
-}
-
-std::optional<std::string> TextOrNone(const store::Field& field) {
-    if (field.IsNull()) return std::nullopt;
-    return field.AsString();
-}
-
 TQRLabel& SmallHeading(TQRBand& band, std::string caption, double left, double width, bool right) {
     TQRLabel& heading = AddHeading(band, std::move(caption), left, width, right);
     heading.Font.size = kSmall;
@@ -101,28 +92,7 @@ void TrptGLBalances::Open() {
 }
 
 void TrptGLBalances::CalculateRow(store::DataSet& ds) {
-    AccountLabelParts parts;
-    parts.Number = ds.FieldByName("GLAccount").AsString();
-    parts.Name = ds.FieldByName("AccountName").AsString();
-    for (int level = 0; level < 3; ++level) {
-        std::string prefix = "SubAccount" + std::to_string(level + 1);
-        parts.SubNumbers[level] = TextOrNone(ds.FieldByName(prefix));
-        parts.SubNames[level] = TextOrNone(ds.FieldByName(prefix + "Name"));
-    }
-    ds.FieldByName("AccountNo").SetAsString(AccountNumberLabel(parts));
-    ds.FieldByName("AccountNameLabel").SetAsString(AccountNameLabel(parts));
-    // An account with no totals joins to nothing: its amounts stay empty.
-    if (ds.FieldByName("GLYear").IsNull()) return;
-    YearAmounts year;
-    year.AccountType = static_cast<int>(ds.FieldByName("AccountType").AsInteger());
-    year.OpeningBal = ds.FieldByName("OpeningBal").AsMoney();
-    for (int n = 1; n <= 12; ++n)
-        year.Amounts[static_cast<std::size_t>(n - 1)] =
-            ds.FieldByName("Amount" + std::to_string(n)).AsMoney();
-    PeriodColumnValues values = PeriodColumnsOf(year, data_);
-    for (int n = 1; n <= 12; ++n)
-        ds.FieldByName(PeriodField(n)).SetAsMoney(values.Periods[static_cast<std::size_t>(n - 1)]);
-    ds.FieldByName("AmountTot").SetAsMoney(values.Total);
+    CalculateTotalsRow(ds, data_);
 }
 
 } // namespace corvane::ledger

@@ -1,8 +1,7 @@
 #include "ledger/reports/TrptGLHistory.h"
 
-#include "ledger/inquiry/AccountLabel.h"
+#include "ledger/inquiry/HistoryLineFields.h"
 #include "ledger/reports/ReportColumns.h"
-#include "ledger/vouchers/VoucherTexts.h"
 #include "reports/engine/TQRDBText.h"
 #include "reports/engine/TQRExpr.h"
 #include "reports/engine/TQRShape.h"
@@ -122,38 +121,11 @@ void TrptGLHistory::Open() {
 }
 
 void TrptGLHistory::CalculateRow(store::DataSet& ds) {
-    ds.FieldByName("Periodppyyyy")
-        .SetAsString(PeriodText(static_cast<int>(ds.FieldByName("GLPeriod").AsInteger()),
-                                static_cast<int>(ds.FieldByName("GLYear").AsInteger())));
-    ds.FieldByName("SourceType")
-        .SetAsString(VoucherSourceLabel(ds.FieldByName("Source").AsString(),
-                                        ds.FieldByName("TransType").AsString()));
-    AccountLabelParts parts;
-    std::vector<store::Value> account = tblGLAccnt.LookupValues(
-        "GLAccountID", {ds.FieldByName("GLAccountID").AsValue()}, "GLAccount;AccountName");
-    if (account.size() == 2) {
-        parts.Number = account[0].IsNull() ? std::string() : account[0].Str();
-        parts.Name = account[1].IsNull() ? std::string() : account[1].Str();
-    }
-    store::Table* subs[] = {&tblGLAcSub1, &tblGLAcSub2, &tblGLAcSub3};
-    for (int level = 0; level < 3; ++level) {
-        store::Value id = ds.FieldByName("SubAccount" + std::to_string(level + 1) + "ID").AsValue();
-        if (id.IsNull()) continue;
-        std::vector<store::Value> sub =
-            subs[level]->LookupValues("SubAccountID", {id}, "SubAccount;SubAccountName");
-        if (sub.size() != 2 || sub[0].IsNull()) continue;
-        parts.SubNumbers[level] = sub[0].Str();
-        parts.SubNames[level] = sub[1].IsNull() ? std::string() : sub[1].Str();
-    }
-    ds.FieldByName("AccountNo").SetAsString(AccountNumberLabel(parts));
-    ds.FieldByName("AccountNameLabel").SetAsString(AccountNameLabel(parts));
+    CalculateHistoryLine(ds, {tblGLAccnt, tblGLAcSub1, tblGLAcSub2, tblGLAcSub3});
 }
 
 bool TrptGLHistory::TypeMatches(store::DataSet& ds) {
-    if (AccountType == 0) return true;
-    store::Value type =
-        tblGLAccnt.Lookup("GLAccountID", {ds.FieldByName("GLAccountID").AsValue()}, "AccountType");
-    return !type.IsNull() && type.Int() == AccountType;
+    return HistoryLineHasType(ds, tblGLAccnt, AccountType);
 }
 
 } // namespace corvane::ledger

@@ -1,8 +1,8 @@
 #include "ledger/reports/TrptJV.h"
 
 #include "ledger/inquiry/AccountLabel.h"
+#include "ledger/inquiry/VoucherLabels.h"
 #include "ledger/reports/ReportColumns.h"
-#include "ledger/vouchers/VoucherTexts.h"
 #include "reports/engine/TQRDBText.h"
 #include "reports/engine/TQRExpr.h"
 #include "reports/engine/TQRShape.h"
@@ -30,22 +30,8 @@ constexpr double NameLeft = 116, NameWidth = 240;
 constexpr double DebitLeft = 364, DebitWidth = 84;
 constexpr double CreditLeft = 456, CreditWidth = 84;
 
-std::optional<std::string> TextOrNone(const store::Field& field) {
-    if (field.IsNull()) return std::nullopt;
-    return field.AsString();
-}
-
 void CalculateLine(store::DataSet& ds) {
-    AccountLabelParts parts;
-    parts.Number = ds.FieldByName("GLAccount").AsString();
-    parts.Name = ds.FieldByName("AccountName").AsString();
-    for (int level = 0; level < 3; ++level) {
-        std::string prefix = "SubAccount" + std::to_string(level + 1);
-        parts.SubNumbers[level] = TextOrNone(ds.FieldByName(prefix));
-        parts.SubNames[level] = TextOrNone(ds.FieldByName(prefix + "Name"));
-    }
-    ds.FieldByName("AccountNo").SetAsString(AccountNumberLabel(parts));
-    ds.FieldByName("AccountNameLabel").SetAsString(AccountNameLabel(parts));
+    SetJoinedAccountLabels(ds);
     // Credits are held negative; each side prints in its own column as a positive amount.
     Money amount = ds.FieldByName("GLAmount").AsMoney();
     if (amount > Money())
@@ -82,16 +68,7 @@ TQRExpr& Total(TQRBand& band, TQRBand& lines, std::string expression, double lef
 TrptJV::TrptJV(store::Database& db, std::int64_t jvid)
     : tblJV(db, "JV"), qryJVDet(db, kLines), jvid_(jvid) {
     tblJV.Name = "tblJV";
-    tblJV.AddCalculatedField("Periodppyyyy", store::FieldType::String, 7);
-    tblJV.AddCalculatedField("SourceType", store::FieldType::String, 6);
-    tblJV.OnCalcFields = [](store::DataSet& ds) {
-        ds.FieldByName("Periodppyyyy")
-            .SetAsString(PeriodText(static_cast<int>(ds.FieldByName("GLPeriod").AsInteger()),
-                                    static_cast<int>(ds.FieldByName("GLYear").AsInteger())));
-        ds.FieldByName("SourceType")
-            .SetAsString(VoucherSourceLabel(ds.FieldByName("Source").AsString(),
-                                            ds.FieldByName("TransType").AsString()));
-    };
+    AddVoucherLabelFields(tblJV);
     qryJVDet.Name = "qryJVDet";
     qryJVDet.AddCalculatedField("AccountNo", store::FieldType::String, 30);
     qryJVDet.AddCalculatedField("AccountNameLabel", store::FieldType::String, 80);

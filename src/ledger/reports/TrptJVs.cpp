@@ -1,7 +1,7 @@
 #include "ledger/reports/TrptJVs.h"
 
+#include "ledger/inquiry/VoucherLabels.h"
 #include "ledger/reports/ReportColumns.h"
-#include "ledger/vouchers/VoucherTexts.h"
 #include "reports/engine/TQRDBText.h"
 #include "reports/engine/TQRExpr.h"
 #include "reports/engine/TQRShape.h"
@@ -28,16 +28,7 @@ constexpr const char* kPeriodOrder = "PeriodJVNumber";
 TrptJVs::TrptJVs(store::Database& db) : tblJV(db, "JV") {
     tblJV.Name = "tblJV";
     tblJV.SetIndexName(kPeriodOrder);
-    tblJV.AddCalculatedField("Periodppyyyy", store::FieldType::String, 7);
-    tblJV.AddCalculatedField("SourceType", store::FieldType::String, 6);
-    tblJV.OnCalcFields = [](store::DataSet& ds) {
-        ds.FieldByName("Periodppyyyy")
-            .SetAsString(PeriodText(static_cast<int>(ds.FieldByName("GLPeriod").AsInteger()),
-                                    static_cast<int>(ds.FieldByName("GLYear").AsInteger())));
-        ds.FieldByName("SourceType")
-            .SetAsString(VoucherSourceLabel(ds.FieldByName("Source").AsString(),
-                                            ds.FieldByName("TransType").AsString()));
-    };
+    AddVoucherLabelFields(tblJV);
     QuickReport.ReportTitle = "Journal Vouchers";
     QuickReport.DataSet = &tblJV;
     AddStandardTitle(QuickReport, CompanyNameOf(db));

@@ -3,6 +3,7 @@
 #include "core/Exception.h"
 #include "ledger/inquiry/TfrmGLHistory.h"
 #include "ledger/inquiry/TfrmGLHistoryFilter.h"
+#include "ledger/inquiry/VoucherLabels.h"
 #include "ledger/reports/ListView.h"
 #include "ledger/reports/TrptJV.h"
 #include "ledger/reports/TrptJVs.h"
@@ -64,16 +65,7 @@ TfrmJVs::TfrmJVs(ui::Application& app, store::Database& db, const shell::FormReg
 void TfrmJVs::AddListFields() {
     // The calculated columns exist only in the cursor: they are added while it is closed.
     tblJV.Close();
-    tblJV.AddCalculatedField("Periodppyyyy", store::FieldType::String, 7);
-    tblJV.AddCalculatedField("SourceType", store::FieldType::String, 6);
-    tblJV.OnCalcFields = [](store::DataSet& ds) {
-        ds.FieldByName("Periodppyyyy")
-            .SetAsString(PeriodText(static_cast<int>(ds.FieldByName("GLPeriod").AsInteger()),
-                                    static_cast<int>(ds.FieldByName("GLYear").AsInteger())));
-        ds.FieldByName("SourceType")
-            .SetAsString(VoucherSourceLabel(ds.FieldByName("Source").AsString(),
-                                            ds.FieldByName("TransType").AsString()));
-    };
+    AddVoucherLabelFields(tblJV);
     tblJV.Open();
 }
 
