@@ -212,6 +212,20 @@ TEST_F(GLAccountTip, ShownWhenAnAccountWasChanged) {
     EXPECT_EQ(TipsShown(), 1);
 }
 
+TEST_F(GLAccountTip, ShownWhenTheListDeletesAnAccount) {
+    AddStatement();
+    InsertRow(
+        "GLAccnt",
+        {{"GLAccountID", 90}, {"GLAccount", "1900"}, {"AccountName", "Spare"}, {"AccountType", 1}});
+    auto& list = app.CreateForm<ledger::TfrmGLAccounts>(db_);
+    list.Show();
+    ASSERT_TRUE(list.tblGLAccnt.Locate("GLAccountID", {90}));
+    dialogs.Answer("Delete '1900: Spare'?", ui::mbYes);
+    ui::FormDriver(list).Click("mnuDelete");
+    EXPECT_FALSE(list.tblGLAccnt.Locate("GLAccountID", {90}));
+    EXPECT_EQ(TipsShown(), 1);
+}
+
 TEST_F(GLAccountTip, NotShownWithoutStatementsOrWithoutAChange) {
     ledger::TfrmGLAccount& changed = AccountForm();
     AddAccountThrough(changed, "1500");

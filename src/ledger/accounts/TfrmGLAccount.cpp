@@ -50,21 +50,19 @@ TfrmGLAccount::TfrmGLAccount(ui::Application& app, store::Database& db)
 
 TfrmGLAccount::~TfrmGLAccount() {
     EntryTable.BeforePost = EntryTable.AfterPost = nullptr;
-    if (!chartChanged_) return;
-    // A form going away never stops what is closing it: a company already gone asks nothing.
-    try {
-        if (StatementsExist())
-            App().MessageDlg(ChartChangedTip, ui::MsgType::Information, {ui::mbOK});
-    } catch (...) {
-    }
+    if (chartChanged_) RemindOfStatements(App(), EntryTable.OwnerDatabase());
 }
 
-bool TfrmGLAccount::StatementsExist() {
-    store::Database& db = EntryTable.OwnerDatabase();
-    if (!db.Connected()) return false;
-    store::Table statements(db, "FStmt");
-    statements.Open();
-    return !statements.IsEmpty();
+void TfrmGLAccount::RemindOfStatements(ui::Application& app, store::Database& db) {
+    // A form going away never stops what is closing it: a company already gone asks nothing.
+    try {
+        if (!db.Connected()) return;
+        store::Table statements(db, "FStmt");
+        statements.Open();
+        if (!statements.IsEmpty())
+            app.MessageDlg(ChartChangedTip, ui::MsgType::Information, {ui::mbOK});
+    } catch (...) {
+    }
 }
 
 void TfrmGLAccount::BeforePostAccount() {

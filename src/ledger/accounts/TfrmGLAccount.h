@@ -23,6 +23,9 @@ public:
         "Tip: the chart of accounts has changed.\n\nIf you use custom financial statements, "
         "update them so that they include the new or changed accounts. AutoCreate can also "
         "rebuild the financial statements from the chart of accounts.";
+    // Shows ChartChangedTip when the company has financial statements; never raises, since it
+    // runs as forms go away.
+    static void RemindOfStatements(ui::Application& app, store::Database& db);
 
     store::Table& tblGLAccnt = EntryTable;
     ui::DBEdit editGLAccount{*this, "editGLAccount", EntryTable, "GLAccount"};
@@ -39,7 +42,6 @@ protected:
 private:
     void BeforePostAccount();
     void ShowState();
-    bool StatementsExist();
 
     ui::DBEdit* const numberEdit_ = &editGLAccount;
     // An account was added or changed through this form while it lived.

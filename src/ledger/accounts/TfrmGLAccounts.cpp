@@ -55,6 +55,10 @@ TfrmGLAccounts::TfrmGLAccounts(ui::Application& app, store::Database& db)
         }
     };
     tblGLAccnt.BeforeDelete = [this](store::DataSet&) { BeforeDeleteAccount(); };
+    // A statement that listed the account has lost a line.
+    tblGLAccnt.AfterDelete = [this](store::DataSet&) {
+        TfrmGLAccount::RemindOfStatements(App(), tblGLAccnt.OwnerDatabase());
+    };
 
     int level = 1;
     for (store::Table* sub : {&tblGLAcSub1, &tblGLAcSub2, &tblGLAcSub3}) {
