@@ -93,4 +93,14 @@ std::optional<std::string> QtDesktopServices::PickFolder(const std::string& titl
     return folder.toStdString();
 }
 
+std::optional<std::string> QtDesktopServices::PickFile(const std::string& title,
+                                                       const std::string& start,
+                                                       const std::string& filter) {
+    QString file =
+        QFileDialog::getOpenFileName(QApplication::activeWindow(), QString::fromStdString(title),
+                                     QString::fromStdString(start), QString::fromStdString(filter));
+    if (file.isEmpty()) return std::nullopt;
+    return file.toStdString();
+}
+
 } // namespace corvane::desktop

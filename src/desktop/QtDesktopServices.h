@@ -28,6 +28,8 @@ public:
     bool DefaultPaperIsA4() override;
     std::optional<std::string> PickFolder(const std::string& title,
                                           const std::string& start) override;
+    std::optional<std::string> PickFile(const std::string& title, const std::string& start,
+                                        const std::string& filter) override;
 
 private:
     std::map<ui::TimerId, std::unique_ptr<QTimer>> timers_;

@@ -37,6 +37,10 @@ public:
     // Nothing when the user cancelled.
     virtual std::optional<std::string> PickFolder(const std::string& title,
                                                   const std::string& start) = 0;
+    // An existing file to open; filter as "CSV files (*.csv);;All files (*)". Nothing when the
+    // user cancelled.
+    virtual std::optional<std::string> PickFile(const std::string& title, const std::string& start,
+                                                const std::string& filter) = 0;
 };
 
 } // namespace corvane::ui

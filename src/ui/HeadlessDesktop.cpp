@@ -65,4 +65,14 @@ std::optional<std::string> HeadlessDesktop::PickFolder(const std::string& title,
     return answer;
 }
 
+std::optional<std::string> HeadlessDesktop::PickFile(const std::string& title,
+                                                     const std::string& start,
+                                                     const std::string& filter) {
+    calls_.push_back("PickFile " + title + " | " + start + " | " + filter);
+    if (files_.empty()) throw ScriptError("No answer scripted for file picker: " + title);
+    auto answer = files_.front();
+    files_.pop_front();
+    return answer;
+}
+
 } // namespace corvane::ui

@@ -21,6 +21,8 @@ public:
 
     // The answer to the next folder picker: a path, or nothing for a cancel.
     void AnswerFolder(std::optional<std::string> path) { folders_.push_back(std::move(path)); }
+    // The answer to the next file picker, likewise.
+    void AnswerFile(std::optional<std::string> path) { files_.push_back(std::move(path)); }
     // Moves the clock and fires the timers that fall due, in the order they fall due.
     void AdvanceTime(int ms);
 
@@ -40,6 +42,8 @@ public:
     std::string DefaultPrinter() override { return Printer; }
     std::optional<std::string> PickFolder(const std::string& title,
                                           const std::string& start) override;
+    std::optional<std::string> PickFile(const std::string& title, const std::string& start,
+                                        const std::string& filter) override;
 
 private:
     struct Timer {
@@ -52,6 +56,7 @@ private:
     std::string clipboard_;
     int beeps_ = 0;
     std::deque<std::optional<std::string>> folders_;
+    std::deque<std::optional<std::string>> files_;
     std::map<TimerId, Timer> timers_;
     TimerId nextTimer_ = 1;
     long long now_ = 0;

@@ -199,6 +199,26 @@ TEST_F(JVImport, TheDialogWantsAFileThatIsThereAndCancelImportsNothing) {
     EXPECT_EQ(FormLines(form), "");
 }
 
+TEST_F(JVImport, BrowsePicksTheFileAndACancelledPickKeepsWhatWasTyped) {
+    ledger::TfrmJV& form = NewVoucherForm();
+    const std::string path = WriteFile("1000,2\n4000,-2\n");
+    desktop.AnswerFile(std::nullopt);
+    desktop.AnswerFile(path);
+    host.ScriptModal("frmImportJVData", [&](ui::Form& dialog) {
+        ui::FormDriver f(dialog);
+        f.EnterText("editFileName", "typed.csv");
+        f.Click("btnBrowse");
+        EXPECT_EQ(f.Text("editFileName"), "typed.csv");
+        f.Click("btnBrowse");
+        EXPECT_EQ(f.Text("editFileName"), path);
+        f.Click("btnOK");
+    });
+    ui::FormDriver(form).Click("popImport");
+    EXPECT_EQ(desktop.Calls().back(),
+              "PickFile Import JV Data | typed.csv | CSV files (*.csv);;All files (*)");
+    EXPECT_EQ(FormLines(form), "1,1,2|2,2,-2");
+}
+
 TEST_F(JVImport, APostedVoucherOffersNoImportAndRefusesOne) {
     AddVoucher(7, 1007, "GL", "JV", true);
     AddVoucher(8, 1008, "GL", "JV", false);

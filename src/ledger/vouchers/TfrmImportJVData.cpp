@@ -2,6 +2,7 @@
 
 #include "core/Exception.h"
 #include "core/Text.h"
+#include "ui/Application.h"
 #include "ui/Layout.h"
 
 #include <filesystem>
@@ -16,11 +17,16 @@ TfrmImportJVData::TfrmImportJVData(ui::Application& app) : Form(app, "frmImportJ
     btnCancel.Cancel = true;
     btnCancel.ModalResult = mrCancel;
     SetLayout(Column{
-        FormRow{lblFileName, editFileName},
+        FormRow{lblFileName, Row{editFileName, btnBrowse}},
         lblColumns,
         ButtonRow{btnOK, btnCancel},
     });
     btnOK.OnClick = [this] { Confirm(); };
+    btnBrowse.OnClick = [this] {
+        if (auto file = App().Desktop().PickFile("Import JV Data", editFileName.Text(),
+                                                 "CSV files (*.csv);;All files (*)"))
+            editFileName.SetText(*file);
+    };
 }
 
 std::string TfrmImportJVData::FileName() const {

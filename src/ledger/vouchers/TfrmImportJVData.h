@@ -9,14 +9,15 @@
 
 namespace corvane::ledger {
 
-// Asks which file of voucher lines to import. The desktop offers no file picker to the forms, so
-// the name is typed; OK closes only on a file that is there.
+// Asks which file of voucher lines to import: typed, or picked with Browse. OK closes only on a
+// file that is there.
 class TfrmImportJVData : public ui::Form {
 public:
     explicit TfrmImportJVData(ui::Application& app);
 
     ui::Label lblFileName{*this, "lblFileName", "&File name:"};
     ui::Edit editFileName{*this, "editFileName"};
+    ui::Button btnBrowse{*this, "btnBrowse", "&Browse..."};
     ui::Label lblColumns{*this, "lblColumns",
                          "One line per voucher line: account no., amount (credits negative), "
                          "subaccount 1, 2 and 3 no., separated by commas."};
