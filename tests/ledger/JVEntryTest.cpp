@@ -186,10 +186,7 @@ TEST_F(JVLines, TotalsFollowEachSaveAndDeleteAndSetTheVoucherAmount) {
 
 TEST_F(JVForm, ASavedVoucherStartsFromItsAmountAndNumbersNewLinesOnward) {
     AddVoucher(7, 1500, "GL", "JV", false, 3000);
-    ledger::TfrmJV& form = app.CreateForm<ledger::TfrmJV>(db_);
-    ASSERT_TRUE(form.tblJV.Locate("JVID", {7}));
-    form.tblJV.Edit();
-    form.Show();
+    ledger::TfrmJV& form = SavedVoucherInEdit(7);
     EXPECT_EQ(form.Caption, "JV 1500");
     EXPECT_EQ(form.stbTotals.SimpleText, "Debits: 30.00   Credits: 30.00CR");
     ui::FormDriver d(form);
@@ -235,10 +232,7 @@ TEST_F(JVForm, CancellingANewVoucherTakesItsLinesAway) {
 
 TEST_F(JVForm, CancellingAnEditBringsBackTheSavedLines) {
     AddVoucher(7, 1500, "GL", "JV", false, 3000);
-    ledger::TfrmJV& form = app.CreateForm<ledger::TfrmJV>(db_);
-    ASSERT_TRUE(form.tblJV.Locate("JVID", {7}));
-    form.tblJV.Edit();
-    form.Show();
+    ledger::TfrmJV& form = SavedVoucherInEdit(7);
     ui::FormDriver d(form);
     form.tblJVDet.First();
     d.EnterCell("grdLines", "GLAmount", "45"); // the debit changed
@@ -264,10 +258,7 @@ TEST_F(JVForm, CancellingAnEditBringsBackTheSavedLines) {
 
 TEST_F(JVSave, ARefusedEditLeavesTheSavedVoucherAsItWas) {
     AddVoucher(7, 1500, "GL", "JV", false, 3000);
-    ledger::TfrmJV& form = app.CreateForm<ledger::TfrmJV>(db_);
-    ASSERT_TRUE(form.tblJV.Locate("JVID", {7}));
-    form.tblJV.Edit();
-    form.Show();
+    ledger::TfrmJV& form = SavedVoucherInEdit(7);
     ui::FormDriver d(form);
     TypeLine(d, "1000", "5");
     d.Click("btnOK");

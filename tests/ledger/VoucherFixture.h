@@ -73,6 +73,15 @@ protected:
         return form;
     }
 
+    // The voucher form on the saved voucher jvid, in edit, on the screen.
+    ledger::TfrmJV& SavedVoucherInEdit(int jvid) {
+        ledger::TfrmJV& form = app.CreateForm<ledger::TfrmJV>(db_);
+        EXPECT_TRUE(form.tblJV.Locate("JVID", {jvid}));
+        form.tblJV.Edit();
+        form.Show();
+        return form;
+    }
+
     // A description and two lines that balance: 5 on account 1000 and -5 on 4000.
     static void TypeBalancedVoucher(ui::FormDriver& d, const std::string& description) {
         d.EnterText("editDescription", description);
