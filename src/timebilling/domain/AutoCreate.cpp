@@ -1,0 +1,276 @@
+#include "timebilling/domain/AutoCreate.h"
+
+#include "store/Database.h"
+#include "store/EngineError.h"
+#include "store/LockManager.h"
+#include "store/Query.h"
+#include "store/Schema.h"
+#include "store/Table.h"
+#include "store/sql/Connection.h"
+#include "timebilling/domain/NumberDraws.h"
+#include "timebilling/domain/TimeTexts.h"
+
+namespace corvane::timebilling {
+
+namespace text = time_text;
+using store::Value;
+
+namespace {
+
+constexpr const char* kSelection =
+    "SELECT T.CustomerID, T.JobID, T.TaskID, C.CustomerName, C.CustomerNo, C.DiscPC, "
+    "C.DiscDays, C.NetDays, C.COD, C.Prepayment, C.TermsText, C.Tax1ID, C.Tax2ID, "
+    "C.Tax1ExemptionNo, C.Tax2ExemptionNo, C.CurrencyID, J.JobName, K.LineNo, K.RateOverride, "
+    "TT.Rate, TT.TaxCodes, SUM(T.Hours) TotalHours FROM TimeSht T "
+    "INNER JOIN Customer C ON T.CustomerID = C.CustomerID "
+    "INNER JOIN Job J ON T.JobID = J.JobID "
+    "INNER JOIN Task K ON T.TaskID = K.TaskID "
+    "INNER JOIN TaskType TT on K.TaskTypeID = TT.TaskTypeID "
+    "WHERE (T.InvoiceNo Is Null) and (T.WorkDate <= :CutOffDate) ";
+
+constexpr const char* kGroups =
+    "C.CustomerName, C.CustomerNo, T.CustomerID, J.JobName, T.JobID, K.LineNo, T.TaskID, "
+    "C.DiscPC, C.DiscDays, C.NetDays, C.COD, C.Prepayment, C.TermsText, C.Tax1ID, C.Tax2ID, "
+    "C.Tax1ExemptionNo, C.Tax2ExemptionNo, C.CurrencyID, K.RateOverride, TT.Rate, TT.TaxCodes";
+
+std::optional<std::int64_t> OptionalInt(const store::Field& f) {
+    if (f.IsNull()) return std::nullopt;
+    return f.AsInteger();
+}
+
+} // namespace
+
+std::vector<BillingRow> SelectUnbilledTime(store::Database& db, const AutoCreateRequest& request) {
+    std::string sql = kSelection;
+    if (request.CustomerID) sql += "and (T.CustomerID=:CustomerID) ";
+    if (request.JobID) sql += "and (T.JobID=:JobID) ";
+    // The order of the groups is the order of the run.
+    sql += std::string("GROUP BY ") + kGroups + " ORDER BY " + kGroups;
+    store::Query q(db, sql);
+    q.ParamByName("CutOffDate").SetAsDate(request.CutOff);
+    if (request.CustomerID) q.ParamByName("CustomerID").SetAsInteger(*request.CustomerID);
+    if (request.JobID) q.ParamByName("JobID").SetAsInteger(*request.JobID);
+    q.Open();
+    std::vector<BillingRow> rows;
+    for (; !q.Eof(); q.Next()) {
+        BillingRow r;
+        r.CustomerID = q.FieldByName("CustomerID").AsInteger();
+        r.JobID = q.FieldByName("JobID").AsInteger();
+        r.TaskID = q.FieldByName("TaskID").AsInteger();
+        r.CustomerName = q.FieldByName("CustomerName").AsString();
+        r.CustomerNo = q.FieldByName("CustomerNo").AsString();
+        if (!q.FieldByName("DiscPC").IsNull()) r.DiscPC = q.FieldByName("DiscPC").AsFloat();
+        r.DiscDays = OptionalInt(q.FieldByName("DiscDays"));
+        r.NetDays = OptionalInt(q.FieldByName("NetDays"));
+        r.COD = q.FieldByName("COD").AsBoolean();
+        r.Prepayment = q.FieldByName("Prepayment").AsBoolean();
+        r.TermsText = q.FieldByName("TermsText").AsString();
+        r.Tax1ID = OptionalInt(q.FieldByName("Tax1ID"));
+        r.Tax2ID = OptionalInt(q.FieldByName("Tax2ID"));
+        r.Tax1ExemptionNo = q.FieldByName("Tax1ExemptionNo").AsString();
+        r.Tax2ExemptionNo = q.FieldByName("Tax2ExemptionNo").AsString();
+        r.CurrencyID = OptionalInt(q.FieldByName("CurrencyID"));
+        r.JobName = q.FieldByName("JobName").AsString();
+        r.LineNo = q.FieldByName("LineNo").AsInteger();
+        if (!q.FieldByName("RateOverride").IsNull())
+            r.RateOverride = q.FieldByName("RateOverride").AsMoney();
+        r.Rate = q.FieldByName("Rate").AsMoney();
+        r.TaxCodes = q.FieldByName("TaxCodes").AsString();
+        r.TotalHours = q.FieldByName("TotalHours").AsFloat();
+        rows.push_back(std::move(r));
+    }
+    return rows;
+}
+
+TaxRates ReadTaxRates(store::Database& db) {
+    TaxRates taxes;
+    store::Query q(db, "SELECT TaxID, TaxCode, Rate FROM Tax");
+    q.Open();
+    for (; !q.Eof(); q.Next())
+        taxes[q.FieldByName("TaxID").AsInteger()] =
+            InvoiceTax{q.FieldByName("TaxCode").AsString(), q.FieldByName("Rate").AsFloat()};
+    return taxes;
+}
+
+namespace {
+
+// Runs step until it is not refused by another job, asking after each refusal.
+template <typename Step>
+void WithRetry(const std::string& message, const RetryQuestion& askRetry, Step step) {
+    for (;;) {
+        try {
+            step();
+            return;
+        } catch (const store::EngineError& e) {
+            const int code = e.ErrorCode();
+            const bool refused = code == store::errTableLocked || code == store::errTableInUse ||
+                                 code == store::errRecordLocked;
+            if (!refused || !askRetry || !askRetry(message)) throw;
+        }
+    }
+}
+
+// What the run writes, through statements prepared once for all invoices.
+class InvoiceWriter {
+public:
+    explicit InvoiceWriter(store::Database& db) : db_(db) {
+        insertInvoice_ = Insert("ARInv", InvoiceFields());
+        insertLine_ = Insert("ARInvDet", LineFields());
+    }
+
+    void Write(const BilledInvoice& inv, const InvoiceKeys& keys, const AutoCreateRequest& req) {
+        const BillingRow& c = inv.Customer;
+        auto opt = [](const auto& v) { return v ? Value(*v) : Value(); };
+        auto code = [](const std::string& s) { return s.empty() ? Value() : Value(s); };
+        auto rate = [](const std::optional<std::int64_t>& id, double r) {
+            return id ? Value(r) : Value();
+        };
+        const std::string number = std::to_string(keys.InvoiceNo);
+        Run(insertInvoice_, {Value(keys.ARInvoiceID),
+                             Value(c.CustomerID),
+                             Value(number),
+                             opt(c.DiscPC),
+                             opt(c.DiscDays),
+                             opt(c.NetDays),
+                             Value(c.COD),
+                             Value(c.Prepayment),
+                             Value(c.TermsText),
+                             Value(req.GLYear),
+                             Value(req.GLPeriod),
+                             Value(req.InvoiceDate),
+                             Value(inv.InvoiceAmount),
+                             Value(inv.InvoiceAmount),
+                             Value(false),
+                             Value(false),
+                             Value(true),
+                             opt(c.CurrencyID),
+                             opt(inv.Tax1ID),
+                             opt(inv.Tax2ID),
+                             code(inv.Tax1.Code),
+                             rate(inv.Tax1ID, inv.Tax1.Rate),
+                             code(inv.Tax2.Code),
+                             rate(inv.Tax2ID, inv.Tax2.Rate),
+                             Bucket(inv, 0, true),
+                             Bucket(inv, 1, true),
+                             Bucket(inv, 2, true),
+                             Bucket(inv, 0, false),
+                             Bucket(inv, 1, false),
+                             Bucket(inv, 2, false)});
+        for (const BilledLine& line : inv.Lines) {
+            Run(insertLine_, {Value(keys.ARInvoiceID), Value(line.Seq), Value(line.Quantity),
+                              Value(line.UnitPrice), Value(line.UnitPrice), Value(line.TaxCodes),
+                              Value(line.JobID), Value(line.TaskID)});
+            Run("UPDATE main.TimeSht SET InvoiceNo = ? WHERE TaskID = ? AND InvoiceNo IS NULL "
+                "AND WorkDate <= ?",
+                {Value(number), Value(line.TaskID), Value(req.CutOff)});
+        }
+    }
+
+private:
+    static std::vector<std::string> InvoiceFields() {
+        return {"ARInvoiceID",
+                "CustomerID",
+                "InvoiceNo",
+                "DiscPC",
+                "DiscDays",
+                "NetDays",
+                "COD",
+                "Prepayment",
+                "TermsText",
+                "GLYear",
+                "GLPeriod",
+                "InvoiceDate",
+                "InvoiceAmount",
+                "Owing",
+                "Printed",
+                "Posted",
+                "TimeInvoice",
+                "CurrencyID",
+                "Tax1ID",
+                "Tax2ID",
+                "Tax1Code",
+                "Tax1Rate",
+                "Tax2Code",
+                "Tax2Rate",
+                "TaxableAmtCode1",
+                "TaxableAmtCode2",
+                "TaxableAmtCode3",
+                "TaxableAmount1",
+                "TaxableAmount2",
+                "TaxableAmount3"};
+    }
+    static std::vector<std::string> LineFields() {
+        return {"ARInvoiceID", "Seq",      "Quantity", "UnitPriceB4Disc",
+                "UnitPrice",   "TaxCodes", "JobID",    "TaskID"};
+    }
+    static Value Bucket(const BilledInvoice& inv, int k, bool wantCode) {
+        if (inv.Buckets.Codes[k].empty()) return Value();
+        return wantCode ? Value(inv.Buckets.Codes[k]) : Value(inv.Buckets.Amounts[k]);
+    }
+    std::string Insert(const std::string& table, const std::vector<std::string>& fields) {
+        // The names are checked against the table's definition: a misspelt one fails at once.
+        const store::TableDef& def = db_.TableDefinition(store::Database::MainSchema, table);
+        std::string names, marks;
+        for (const auto& f : fields) {
+            if (!def.FindField(f))
+                store::ThrowEngineError(store::errFieldNotFound, "Field '" + f + "' not found");
+            names += (names.empty() ? "" : ", ") + store::schema::QuoteIdent(f);
+            marks += marks.empty() ? "?" : ", ?";
+        }
+        return "INSERT INTO main." + store::schema::QuoteIdent(table) + " (" + names +
+               ") VALUES (" + marks + ")";
+    }
+    void Run(const std::string& sql, const std::vector<Value>& values) {
+        store::Statement& s = db_.Conn().Cached(sql);
+        store::StatementRun run(s);
+        s.BindAll(values);
+        s.Step();
+    }
+
+    store::Database& db_;
+    std::string insertInvoice_, insertLine_;
+};
+
+} // namespace
+
+AutoCreateResult AutoCreateRun::Run(const AutoCreateRequest& request,
+                                    const RetryQuestion& askRetry) {
+    AutoCreateResult result;
+    store::Table ctl(db_, "ARInvCtl");
+    ctl.SetExclusive(true);
+    WithRetry(text::InvoiceControlLocked, askRetry, [&] { ctl.Open(); });
+    store::Table timeSheets(db_, "TimeSht");
+    timeSheets.Open();
+    WithRetry(text::TimeSheetsLocked, askRetry, [&] { timeSheets.LockTable(); });
+    struct Release {
+        store::Table& t;
+        ~Release() { t.UnlockTable(); }
+    } release{timeSheets};
+    // Nobody may hold the invoice tables locked while rows go in.
+    auto invoices =
+        db_.Locks().GuardWrite(db_.LockSlot(store::Database::MainSchema, "ARInv"), "ARInv");
+    auto lines =
+        db_.Locks().GuardWrite(db_.LockSlot(store::Database::MainSchema, "ARInvDet"), "ARInvDet");
+
+    store::Transaction transaction(db_, {"ARInvCtl", "ARInv", "ARInvDet", "TimeSht"});
+    // Read under the locks: nothing can be billed twice.
+    const std::vector<BillingRow> rows = SelectUnbilledTime(db_, request);
+    if (rows.empty()) {
+        result.NoTime = true;
+        return result;
+    }
+    const std::vector<BilledInvoice> planned = BillTime(rows, ReadTaxRates(db_));
+    InvoiceWriter writer(db_);
+    for (const BilledInvoice& invoice : planned) {
+        const InvoiceKeys keys = DrawTimeInvoiceKeys(db_, ctl);
+        // An invoice of nothing is not made; its time stays unbilled.
+        if (invoice.Vanishes()) continue;
+        writer.Write(invoice, keys, request);
+        ++result.InvoicesMade;
+        if (OnInvoiceWritten) OnInvoiceWritten(result.InvoicesMade);
+    }
+    transaction.Commit();
+    return result;
+}
+
+} // namespace corvane::timebilling

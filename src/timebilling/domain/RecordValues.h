@@ -1,0 +1,26 @@
+#pragma once
+
+#include "store/DataSet.h"
+#include "store/Field.h"
+
+#include <cstdint>
+
+#include <string>
+
+namespace corvane::store {
+class Database;
+}
+
+namespace corvane::timebilling {
+
+// A field with no value or only blanks: what a "must have a value" check refuses.
+bool Blank(const store::Field& field);
+
+// Whether a row of table has keyField = value; the names are the program's own.
+bool RowExists(store::Database& db, const std::string& table, const std::string& keyField,
+               const store::Value& value);
+
+// 1 + the highest value of an integer key field, or 1 for an empty table.
+std::int64_t NextKey(store::Database& db, const std::string& table, const std::string& field);
+
+} // namespace corvane::timebilling
