@@ -34,12 +34,12 @@ TEST(BillTime, OneInvoicePerCustomerOneLinePerTaskTaxRoundedOnTheBucket) {
     const BilledInvoice& a = invoices[0];
     ASSERT_EQ(a.Lines.size(), 2u);
     EXPECT_EQ(a.Lines[1].Seq, 2);
-    EXPECT_EQ(a.Buckets.Codes[0], "G");
-    EXPECT_EQ(a.Buckets.Amounts[0], Money::FromCents(2002));
-    EXPECT_EQ(a.Buckets.Amounts[1], Money::FromCents(1001));
+    EXPECT_EQ(a.Buckets[0].Code, "G");
+    EXPECT_EQ(a.Buckets[0].Amount, Money::FromCents(2002));
+    EXPECT_EQ(a.Buckets[1].Amount, Money::FromCents(1001));
     // G: 20.02 at 5% is 1.001, rounded once: 1.00; P: 10.01 at 8% is 0.8008: 0.80.
-    EXPECT_EQ(a.Tax1Amount, Money::FromCents(100));
-    EXPECT_EQ(a.Tax2Amount, Money::FromCents(80));
+    EXPECT_EQ(a.Taxes.Tax1, Money::FromCents(100));
+    EXPECT_EQ(a.Taxes.Tax2, Money::FromCents(80));
     EXPECT_EQ(a.InvoiceAmount, Money::FromCents(2182));
     const BilledInvoice& b = invoices[1];
     EXPECT_EQ(b.Lines[0].Quantity, 2.5);
@@ -72,9 +72,9 @@ TEST(BillTime, AnExemptCustomerPaysNoTaxButTheBucketsFill) {
     r.Tax1ExemptionNo = "EX-1";
     auto invoices = BillTime({r}, kTaxes);
     EXPECT_FALSE(invoices[0].Tax1ID);
-    EXPECT_EQ(invoices[0].Tax1Amount, Money());
-    EXPECT_EQ(invoices[0].Tax2Amount, Money::FromWhole(8));
-    EXPECT_EQ(invoices[0].Buckets.Amounts[0], Money::FromWhole(100));
+    EXPECT_EQ(invoices[0].Taxes.Tax1, Money());
+    EXPECT_EQ(invoices[0].Taxes.Tax2, Money::FromWhole(8));
+    EXPECT_EQ(invoices[0].Buckets[0].Amount, Money::FromWhole(100));
     EXPECT_EQ(invoices[0].InvoiceAmount, Money::FromWhole(108));
 }
 

@@ -204,8 +204,9 @@ private:
                 "UnitPrice",   "TaxCodes", "JobID",    "TaskID"};
     }
     static Value Bucket(const BilledInvoice& inv, int k, bool wantCode) {
-        if (inv.Buckets.Codes[k].empty()) return Value();
-        return wantCode ? Value(inv.Buckets.Codes[k]) : Value(inv.Buckets.Amounts[k]);
+        const receivables::TaxBucket& bucket = inv.Buckets[k];
+        if (bucket.Code.empty()) return Value();
+        return wantCode ? Value(bucket.Code) : Value(bucket.Amount);
     }
     std::string Insert(const std::string& table, const std::vector<std::string>& fields) {
         // The names are checked against the table's definition: a misspelt one fails at once.

@@ -1,15 +1,11 @@
 #include "timebilling/domain/Billing.h"
 
+#include "core/Exception.h"
+#include "receivables/taxes/TaxLookUp.h"
+
 namespace corvane::timebilling {
 
 namespace {
-
-// The customer's tax applies unless an exemption number is entered for it.
-std::optional<std::int64_t> ApplicableTax(const std::optional<std::int64_t>& id,
-                                          const std::string& exemptionNo) {
-    if (!exemptionNo.empty()) return std::nullopt;
-    return id;
-}
 
 InvoiceTax LookUpTax(const TaxRates& taxes, const std::optional<std::int64_t>& id) {
     if (!id) return {};
@@ -20,8 +16,10 @@ InvoiceTax LookUpTax(const TaxRates& taxes, const std::optional<std::int64_t>& i
 BilledInvoice StartInvoice(const BillingRow& row, const TaxRates& taxes) {
     BilledInvoice invoice;
     invoice.Customer = row;
-    invoice.Tax1ID = ApplicableTax(row.Tax1ID, row.Tax1ExemptionNo);
-    invoice.Tax2ID = ApplicableTax(row.Tax2ID, row.Tax2ExemptionNo);
+    const receivables::CustomerTaxIds ids = receivables::ApplicableTaxIds(
+        row.Tax1ID, row.Tax1ExemptionNo, row.Tax2ID, row.Tax2ExemptionNo);
+    invoice.Tax1ID = ids.Tax1ID;
+    invoice.Tax2ID = ids.Tax2ID;
     invoice.Tax1 = LookUpTax(taxes, invoice.Tax1ID);
     invoice.Tax2 = LookUpTax(taxes, invoice.Tax2ID);
     return invoice;
@@ -36,12 +34,16 @@ void AddLine(BilledInvoice& invoice, const BillingRow& row) {
     line.TaxCodes = row.TaxCodes;
     line.Quantity = row.TotalHours;
     line.Extended = line.UnitPrice.TimesRounded(line.Quantity);
-    invoice.Buckets.AddLine(line.TaxCodes, line.Extended);
-    // Each tax is rounded once on its bucket's total, never line by line.
-    const Money oldTaxes = invoice.Tax1Amount + invoice.Tax2Amount;
-    invoice.Tax1Amount = invoice.Buckets.TaxAmount(invoice.Tax1.Code, invoice.Tax1.Rate);
-    invoice.Tax2Amount = invoice.Buckets.TaxAmount(invoice.Tax2.Code, invoice.Tax2.Rate);
-    invoice.InvoiceAmount += line.Extended - oldTaxes + invoice.Tax1Amount + invoice.Tax2Amount;
+    // The invoice keeps its taxes as every document does: each rounded once on its bucket.
+    receivables::DocumentTaxSet taxes;
+    taxes.Tax1 = {invoice.Tax1ID, invoice.Tax1.Code, invoice.Tax1.Rate, {}, 0};
+    taxes.Tax2 = {invoice.Tax2ID, invoice.Tax2.Code, invoice.Tax2.Rate, {}, 0};
+    const receivables::TaxUpdate update =
+        receivables::UpdateDocumentTaxes(invoice.Buckets, taxes, invoice.InvoiceAmount,
+                                         invoice.Taxes, {}, {line.Extended, line.TaxCodes});
+    if (!update.Verdict.Ok()) throw Exception(std::string(receivables::TooManyTaxesMessage));
+    invoice.Taxes = update.Taxes;
+    invoice.InvoiceAmount = update.DocumentAmount;
     invoice.Lines.push_back(std::move(line));
 }
 

@@ -1,7 +1,7 @@
 #pragma once
 
 #include "core/Money.h"
-#include "timebilling/domain/TaxBuckets.h"
+#include "receivables/taxes/DocumentTaxes.h"
 
 #include <cstdint>
 #include <map>
@@ -55,8 +55,8 @@ struct BilledInvoice {
     BillingRow Customer; // the customer's fields, from its first row
     std::optional<std::int64_t> Tax1ID, Tax2ID;
     InvoiceTax Tax1, Tax2;
-    TaxBuckets Buckets;
-    Money Tax1Amount, Tax2Amount;
+    receivables::TaxBuckets Buckets;
+    receivables::TaxAmounts Taxes;
     Money InvoiceAmount;
     std::vector<BilledLine> Lines;
     // An invoice that comes to nothing is not made, and its time stays unbilled.
