@@ -3,6 +3,8 @@
 #include "ledger/posting/LedgerCheck.h"
 #include "ledger/posting/LedgerExport.h"
 #include "ledger/posting/PostingRun.h"
+#include "receivables/posting/InvoicePostingRun.h"
+#include "receivables/posting/ReceivablesCheck.h"
 #include "store/Database.h"
 #include "store/Session.h"
 
@@ -16,15 +18,19 @@ int PostVouchers(const std::string& folder, std::ostream& out, std::ostream& err
     store::Database db(session);
     db.SetDirectory(folder);
     db.Open();
-    ledger::PostingRun run(db);
     // Nobody is there to answer the lock question: the store's own retries are the wait, and
     // the question itself, which names the table another job holds, is what the user reads.
     std::string lockQuestion;
+    auto giveUp = [&lockQuestion](const std::string& question) {
+        lockQuestion = question;
+        return false;
+    };
     try {
-        const auto posted = run.Run([&lockQuestion](const std::string& question) {
-            lockQuestion = question;
-            return false;
-        });
+        // The invoices first, as the invoice list does before it offers the vouchers' posting:
+        // their vouchers then go to the ledger in the same command.
+        const auto invoices = receivables::InvoicePostingRun(db).Run(giveUp);
+        out << invoices << " invoice(s) posted\n";
+        const auto posted = ledger::PostingRun(db).Run(giveUp);
         out << posted << " JV(s) posted\n";
         return 0;
     } catch (const std::exception& e) {
@@ -38,11 +44,13 @@ int CheckLedger(const std::string& folder, std::ostream& out) {
     store::Database db(session);
     db.SetDirectory(folder);
     db.Open();
-    const auto differences = ledger::CheckLedger(db);
+    auto differences = ledger::CheckLedger(db);
+    for (const auto& line : receivables::CheckReceivables(db))
+        differences.push_back(line);
     for (const auto& line : differences)
         out << line << "\n";
     if (!differences.empty()) return 1;
-    out << "ledger ok\n";
+    out << "ledger ok\nreceivables ok\n";
     return 0;
 }
 

@@ -3,6 +3,7 @@
 #include "banking/BankingForms.h"
 #include "company/CompanyForms.h"
 #include "ledger/LedgerForms.h"
+#include "receivables/posting/InvoicePostingForms.h"
 #include "reports/system/SystemReports.h"
 #include "shell/main/ShellForms.h"
 
@@ -13,6 +14,7 @@ void RegisterProgramForms(shell::FormRegistry& registry) {
     reports::RegisterSystemListPrinters(registry);
     ledger::RegisterLedgerForms(registry);
     banking::RegisterBankingForms(registry);
+    receivables::RegisterInvoicePostingForms(registry);
     company::RegisterCompanyForms(registry);
 }
 

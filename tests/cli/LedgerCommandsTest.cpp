@@ -66,13 +66,13 @@ TEST_F(LedgerCommandsTest, PostCountsWhatItPostsAndLeavesNothingForASecondRun) {
 
     const CommandResult first = RunCaptured({"post", Folder()});
     EXPECT_EQ(first.Exit, 0);
-    EXPECT_EQ(first.Out, "37 JV(s) posted\n");
+    EXPECT_EQ(first.Out, "0 invoice(s) posted\n37 JV(s) posted\n");
     EXPECT_EQ(Count("SELECT count(*) FROM JV WHERE Posted = 1"), 37);
     EXPECT_EQ(Count("SELECT count(*) FROM GLHist"), lines + reversing);
 
     const CommandResult second = RunCaptured({"post", Folder()});
     EXPECT_EQ(second.Exit, 0);
-    EXPECT_EQ(second.Out, "0 JV(s) posted\n");
+    EXPECT_EQ(second.Out, "0 invoice(s) posted\n0 JV(s) posted\n");
     EXPECT_EQ(Count("SELECT count(*) FROM GLHist"), lines + reversing);
 }
 
@@ -84,7 +84,7 @@ TEST_F(LedgerCommandsTest, PostThatCannotLockTheVouchersSaysSoAndPostsNothing) {
         held.LockTable();
         const CommandResult refused = RunCaptured({"post", Folder()});
         EXPECT_EQ(refused.Exit, 1);
-        EXPECT_EQ(refused.Out, "");
+        EXPECT_EQ(refused.Out, "0 invoice(s) posted\n");
         EXPECT_EQ(refused.Err, "Unable to lock JVs table... this table is being updated by "
                                "another job.\n");
         EXPECT_EQ(Count("SELECT count(*) FROM GLHist"), 0);
@@ -92,7 +92,7 @@ TEST_F(LedgerCommandsTest, PostThatCannotLockTheVouchersSaysSoAndPostsNothing) {
     }
     const CommandResult freed = RunCaptured({"post", Folder()});
     EXPECT_EQ(freed.Exit, 0);
-    EXPECT_EQ(freed.Out, "1 JV(s) posted\n");
+    EXPECT_EQ(freed.Out, "0 invoice(s) posted\n1 JV(s) posted\n");
 }
 
 TEST_F(LedgerCommandsTest, CheckPassesAPostedLedgerAndNamesATamperedTotal) {
@@ -100,7 +100,7 @@ TEST_F(LedgerCommandsTest, CheckPassesAPostedLedgerAndNamesATamperedTotal) {
     ASSERT_EQ(RunCaptured({"post", Folder()}).Exit, 0);
     const CommandResult sound = RunCaptured({"check", Folder()});
     EXPECT_EQ(sound.Exit, 0);
-    EXPECT_EQ(sound.Out, "ledger ok\n");
+    EXPECT_EQ(sound.Out, "ledger ok\nreceivables ok\n");
 
     // One ten-thousandth added to the rent's December through a cursor, as any program could.
     {
@@ -145,7 +145,7 @@ TEST_F(LedgerCommandsTest, ExportOfAnEmptyLedgerIsEmptyAndCheckIsOk) {
     const CommandResult exported = RunCaptured({"export-ledger", Folder()});
     EXPECT_EQ(exported.Exit, 0);
     EXPECT_EQ(exported.Out, "");
-    EXPECT_EQ(RunCaptured({"check", Folder()}).Out, "ledger ok\n");
+    EXPECT_EQ(RunCaptured({"check", Folder()}).Out, "ledger ok\nreceivables ok\n");
 }
 
 TEST_F(LedgerCommandsTest, LedgerCommandsWantExactlyOneFolder) {

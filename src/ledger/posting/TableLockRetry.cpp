@@ -20,6 +20,21 @@ void LockTableWithRetry(store::Table& table, const std::string& message,
     }
 }
 
+void OpenExclusiveWithRetry(store::Table& table, const std::string& message,
+                            const LockRetryQuestion& askRetry) {
+    table.SetExclusive(true);
+    for (;;) {
+        try {
+            table.Open();
+            return;
+        } catch (const store::EngineError& e) {
+            const bool refused =
+                e.ErrorCode() == store::errTableInUse || e.ErrorCode() == store::errTableLocked;
+            if (!refused || !askRetry || !askRetry(message)) throw;
+        }
+    }
+}
+
 LockRetryQuestion AskRetryThrough(ui::Application& app) {
     return [&app](const std::string& message) {
         return app.MessageDlg(message, ui::MsgType::Error, {ui::mbRetry, ui::mbCancel}) ==

@@ -20,6 +20,11 @@ using LockRetryQuestion = std::function<bool(const std::string& message)>;
 void LockTableWithRetry(store::Table& table, const std::string& message,
                         const LockRetryQuestion& askRetry);
 
+// Opens the table as its only cursor in any process, asking after each refusal; giving up
+// raises the refusal itself. A control table is held so for the whole of a posting run.
+void OpenExclusiveWithRetry(store::Table& table, const std::string& message,
+                            const LockRetryQuestion& askRetry);
+
 // The question as a message box with Retry and Cancel.
 LockRetryQuestion AskRetryThrough(ui::Application& app);
 

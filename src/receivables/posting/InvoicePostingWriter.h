@@ -1,0 +1,65 @@
+#pragma once
+
+#include "receivables/posting/InvoicePosting.h"
+
+#include <cstdint>
+#include <map>
+#include <optional>
+#include <utility>
+
+namespace corvane::store {
+class Database;
+}
+
+namespace corvane::receivables {
+
+// Writes what posting an invoice computes, inside the run's transaction. The run holds the
+// control tables exclusively, so their counters are read once, handed out in memory and written
+// back by Flush; the balances of customers and stock are read once each, changed in memory and
+// written back by Flush as well. Call Flush before the commit.
+class InvoicePostingWriter {
+public:
+    explicit InvoicePostingWriter(store::Database& db);
+
+    // Writes the header and lines of a voucher of the invoice's period, drawing its id and the
+    // first number of the period that no voucher holds yet. Returns its JVID.
+    std::int64_t WriteVoucher(const VoucherToWrite& voucher, const InvoiceToPost& invoice,
+                              std::optional<std::int64_t> arInvoiceId,
+                              std::optional<std::int64_t> paymentId);
+    // Posted, with the rate that was used; the only moment the rate is fixed on the invoice.
+    void MarkPosted(std::int64_t arInvoiceId, double rate);
+    void SetUnitCost(std::int64_t arInvoiceId, std::int64_t seq, std::optional<Money> cost);
+    void AddToCustomerBalance(std::int64_t customerId, Money amount);
+    // The stock history of the sale and the warehouse's quantity on hand.
+    void SellStock(const StockMove& move, const InvoiceToPost& invoice);
+    // The finished payment of a point-of-sale amount and its link to the invoice; returns its id.
+    std::int64_t WritePayment(const InvoiceToPost& invoice);
+
+    void Flush();
+
+private:
+    struct Counter {
+        std::optional<std::int64_t> Next; // as read; nothing when the control row is missing
+        bool Changed = false;
+    };
+    struct Balance {
+        bool Exists = false;
+        bool Changed = false;
+        std::optional<double> Quantity; // stock
+        Money Amount;                   // customers
+    };
+    std::int64_t NextJVID();
+    std::int64_t NextJVNumber(int year, int period);
+    std::int64_t NextPaymentID();
+    std::int64_t MaxPlusOne(const char* sql);
+
+    store::Database& db_;
+    bool countersRead_ = false;
+    bool jvCtlExists_ = false, pmtCtlExists_ = false;
+    Counter jvId_, jvNumber_, paymentId_;
+    std::map<std::int64_t, Balance> customers_;
+    std::map<std::pair<std::int64_t, std::optional<std::int64_t>>, Balance> stock_;
+    std::optional<std::int64_t> lastHistoryId_;
+};
+
+} // namespace corvane::receivables
