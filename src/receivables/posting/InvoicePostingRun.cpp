@@ -62,13 +62,13 @@ private:
 
 std::int64_t InvoicePostingRun::Run(const ledger::LockRetryQuestion& askRetry) {
     RunLocks locks(db_, askRetry);
-    WriteGuards guards(db_);
     store::Transaction transaction(db_, {"ARInv", "ARInvDet", "CBalance", "JV", "JVDet", "JVCtl",
                                          "IBalance", "IHist", "ARPmtCtl", "ARPmt", "ARInvPmt"});
     // Read again under the locks: the list may have changed since the form counted it.
     const std::vector<InvoiceToPost> invoices = InvoiceReader(db_).ReadToPost();
     if (OnStart) OnStart(static_cast<std::int64_t>(invoices.size()));
     if (invoices.empty()) return 0;
+    WriteGuards guards(db_);
     InvoicePostingWriter writer(db_);
     for (const InvoiceToPost& inv : invoices) {
         const InvoicePostingEffect effect = InvoicePosting(inv, CheckWording);
