@@ -1,15 +1,20 @@
 #include "desktop/ReportPagePainter.h"
 
+#include "reports/page/FontFaces.h"
 #include "reports/page/Page.h"
 #include "reports/page/PageText.h"
 
 #include <QFont>
+#include <QGlyphRun>
 #include <QImage>
 #include <QPainter>
 #include <QPen>
+#include <QRawFont>
 
 #include <algorithm>
 #include <cmath>
+#include <map>
+#include <string>
 #include <type_traits>
 
 namespace corvane::desktop {
@@ -22,28 +27,19 @@ QColor ToQColor(const Color& c) {
     return QColor(c.r, c.g, c.b);
 }
 
-// The faces whose widths the engine measured with, so lines fit on the screen as they do in PDF.
-QString FamilyName(FontFamily family) {
-    switch (family) {
-    case FontFamily::Serif:
-        return "Liberation Serif";
-    case FontFamily::Mono:
-        return "Liberation Mono";
-    case FontFamily::Sans:
-        break;
-    }
-    return "Liberation Sans";
-}
-
-QFont ToQFont(const Font& font, double scale) {
-    QFont f(FamilyName(font.family));
-    f.setPixelSize(std::max(1, static_cast<int>(std::lround(font.size * scale))));
-    f.setBold(font.bold);
-    f.setItalic(font.italic);
-    // Glyphs at the widths the engine measured, not snapped to the screen's pixel grid.
-    f.setHintingPreference(QFont::PreferNoHinting);
-    f.setKerning(false);
-    return f;
+// The report face at a size in device pixels, from the very file the engine measured: the glyphs
+// land where the engine put them, at any zoom and on any printer, without hinting or kerning to
+// move them. Faces are few and sizes repeat page after page, so each is made once.
+const QRawFont& RawFont(const Font& font, double pixelSize) {
+    static std::map<std::pair<std::string, double>, QRawFont> fonts;
+    const ReportFace& face = FaceOf(font);
+    const auto key = std::make_pair(face.File() + '#' + std::to_string(face.FileIndex()),
+                                    std::round(pixelSize * 100) / 100);
+    auto found = fonts.find(key);
+    if (found != fonts.end()) return found->second;
+    if (fonts.size() > 256) fonts.clear();
+    QRawFont raw(QString::fromStdString(face.File()), key.second, QFont::PreferNoHinting);
+    return fonts.emplace(key, raw).first->second;
 }
 
 QRectF Scaled(const Rect& r, double scale) {
@@ -60,9 +56,22 @@ QPen LinePen(const Color& color, double width, double scale) {
 
 void Draw(QPainter& p, const TextOp& op, int pageCount, double scale) {
     const TextOp text = ResolvePageTotal(op, pageCount);
-    p.setFont(ToQFont(text.font, scale));
+    if (text.text.empty()) return;
+    const GlyphRun run = LayOutGlyphs(text.font, text.text);
+    QGlyphRun glyphs;
+    glyphs.setRawFont(RawFont(text.font, text.font.size * scale));
+    QList<quint32> indexes;
+    QList<QPointF> positions;
+    indexes.reserve(static_cast<qsizetype>(run.glyphs.size()));
+    positions.reserve(static_cast<qsizetype>(run.glyphs.size()));
+    for (std::size_t i = 0; i < run.glyphs.size(); ++i) {
+        indexes.push_back(run.glyphs[i]);
+        positions.push_back(QPointF(run.x[i] * scale, 0));
+    }
+    glyphs.setGlyphIndexes(indexes);
+    glyphs.setPositions(positions);
     p.setPen(ToQColor(text.color));
-    p.drawText(QPointF(text.x * scale, text.baseline * scale), QString::fromStdString(text.text));
+    p.drawGlyphRun(QPointF(text.x * scale, text.baseline * scale), glyphs);
 }
 
 void Draw(QPainter& p, const LineOp& op, int, double scale) {

@@ -3,6 +3,8 @@
 #include "reports/page/FontMetrics.h"
 #include "reports/page/ReportDocument.h"
 #include "reports/preview/TfrmPreview.h"
+#include "reports/render/PdfWriter.h"
+#include "support/CompanyFixture.h"
 
 #include <QImage>
 #include <QLabel>
@@ -122,6 +124,58 @@ TEST_F(ReportPageTest, PreviewWindowShowsPagesAsTheyArriveAndGivesThePageTheRoom
         app.Run([&] { preview->SpinEdit1.SetValue(100); });
         QCoreApplication::processEvents();
         EXPECT_TRUE(window->grab().save(shot));
+    }
+}
+
+// The screen and the file draw each glyph from the same face at the same place: a line of names
+// in four scripts has its ink at the same pixels in the preview as in the PDF as poppler draws it.
+TEST_F(ReportPageTest, ThePreviewDrawsEachTextWhereThePdfDoes) {
+    reports::Page page;
+    const char* lines[] = {"\xC5\x81\xC3\xB3\x64\xC5\xBA \xC3\x98rsted Z\xC3\xBCrich",
+                           "\xCE\x91\xCE\xB8\xCE\xAE\xCE\xBD\xCE\xB1 "
+                           "\xD0\x9C\xD0\xBE\xD1\x81\xD0\xBA\xD0\xB2\xD0\xB0",
+                           "\xE2\x82\xAC 1.234,56"};
+    for (int i = 0; i < 3; ++i) {
+        reports::TextOp text;
+        text.font = {i == 1 ? reports::FontFamily::Serif : reports::FontFamily::Sans, 18, i == 2,
+                     false};
+        text.text = lines[i];
+        text.x = 60 + 40 * i;
+        text.baseline = 100 + 60 * i;
+        text.box = {text.x, text.baseline - 20, 400, 26};
+        page.ops.push_back(text);
+    }
+    auto document = std::make_shared<reports::ReportDocument>();
+    document->AddPage(page);
+
+    TempFolder folder;
+    const std::string pdf = folder.Path() + "/page.pdf";
+    reports::WritePdf(*document, pdf);
+    const std::string command =
+        "pdftoppm -r 144 -png -singlefile '" + pdf + "' '" + folder.Path() + "/paper' 2>&1";
+    ASSERT_EQ(std::system(command.c_str()), 0);
+    const QImage paper(QString::fromStdString(folder.Path() + "/paper.png"));
+    ASSERT_FALSE(paper.isNull());
+
+    desktop::ReportPageWidget widget;
+    widget.ShowPage(document, 1, 200);
+    const QImage screen = widget.grab().toImage();
+    for (int i = 0; i < 3; ++i) {
+        SCOPED_TRACE(i);
+        const int top = (100 + 60 * i - 24) * 2, height = 34 * 2;
+        auto onPaper = InkBox(paper, QRect(0, top, 1200, height));
+        auto onScreen = InkBox(screen, QRect(M, M + top, 1200, height));
+        ASSERT_TRUE(onPaper);
+        ASSERT_TRUE(onScreen);
+        const QRect shifted = onScreen->translated(-M, -M);
+        EXPECT_NEAR(shifted.left(), onPaper->left(), 2);
+        EXPECT_NEAR(shifted.right(), onPaper->right(), 2);
+        EXPECT_NEAR(shifted.top(), onPaper->top(), 2);
+        EXPECT_NEAR(shifted.bottom(), onPaper->bottom(), 2);
+        // And both end where the engine measured the text to end, less the last glyph's margin.
+        const auto& op = std::get<reports::TextOp>(page.ops[static_cast<std::size_t>(i)]);
+        const double end = (op.x + reports::TextWidth(op.font, op.text)) * 2;
+        EXPECT_NEAR(onPaper->right(), end, 6);
     }
 }
 

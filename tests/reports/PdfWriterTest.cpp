@@ -1,5 +1,7 @@
 #include "reports/render/PdfWriter.h"
 
+#include "PdfTools.h"
+
 #include "core/Exception.h"
 #include "reports/page/FontMetrics.h"
 #include "reports/page/PageText.h"
@@ -16,6 +18,7 @@
 #include <sstream>
 #include <sys/resource.h>
 #include <sys/wait.h>
+#include <vector>
 
 using namespace corvane::reports;
 using corvane::testing::TempFolder;
@@ -24,34 +27,12 @@ namespace fs = std::filesystem;
 
 namespace {
 
-struct Output {
-    int status = -1;
-    std::string text;
-};
-
-// Runs one of the poppler tools on a written file; they read the PDF as any viewer would.
-Output RunTool(const std::string& command) {
-    Output output;
-    std::FILE* pipe = popen((command + " 2>&1").c_str(), "r");
-    if (!pipe) return output;
-    char buffer[4096];
-    std::size_t read = 0;
-    while ((read = std::fread(buffer, 1, sizeof buffer, pipe)) > 0)
-        output.text.append(buffer, read);
-    const int status = pclose(pipe);
-    output.status = WIFEXITED(status) ? WEXITSTATUS(status) : -1;
-    return output;
-}
-
-std::string Quoted(const std::string& path) {
-    return "'" + path + "'";
-}
+using Output = corvane::testing::ToolOutput;
+using corvane::testing::Quoted;
+using corvane::testing::RunTool;
 
 std::string PageText(const std::string& pdf, int page) {
-    const Output output = RunTool("pdftotext -layout -enc UTF-8 -f " + std::to_string(page) +
-                                  " -l " + std::to_string(page) + " " + Quoted(pdf) + " -");
-    EXPECT_EQ(output.status, 0) << output.text;
-    return output.text;
+    return corvane::testing::PdfPageText(pdf, page);
 }
 
 std::string ReadFile(const std::string& path) {
@@ -124,7 +105,7 @@ TEST_F(PdfWriterTest, PagesKeepTheirCountSizesAndTheDocumentItsTitle) {
     ASSERT_EQ(info.status, 0) << info.text;
     EXPECT_EQ(InfoField(info.text, "Pages"), "4") << info.text;
     EXPECT_EQ(InfoField(info.text, "Title"), "Relev\xC3\xA9 des comptes (2026)") << info.text;
-    EXPECT_EQ(InfoField(info.text, "Producer"), "Corvane") << info.text;
+    EXPECT_EQ(InfoField(info.text, "Creator"), "Corvane") << info.text;
     EXPECT_EQ(InfoField(info.text, "Page 1 size"), "612 x 792 pts (letter)") << info.text;
     EXPECT_EQ(InfoField(info.text, "Page 2 size"), "595 x 842 pts (A4)") << info.text;
     EXPECT_EQ(InfoField(info.text, "Page 3 size"), "842 x 595 pts (A4)") << info.text;
@@ -254,37 +235,50 @@ TEST_F(PdfWriterTest, ShapesAndImagesRenderInPlace) {
     EXPECT_EQ(images, 1u);
 }
 
-// Every entry of the cross-reference table points at the start of its object.
-TEST_F(PdfWriterTest, CrossReferenceOffsetsPointAtTheirObjects) {
+// The faces travel with the file, cut down to the glyphs it uses, so it prints the same on a
+// machine without them.
+TEST_F(PdfWriterTest, TheFacesUsedAreEmbeddedAsSubsets) {
     ReportDocument document;
-    document.title = "Offsets";
-    for (int i = 0; i < 5; ++i)
-        document.AddPage(Page{612, 792, {Text("Line " + std::to_string(i), 72, 72, 200)}});
-    const std::string path = File("xref.pdf");
+    document.AddPage(Page{
+        612,
+        792,
+        {Text("Sans", 72, 72, 200),
+         Text("Serif bold", 72, 100, 200, Align::Left, Font{FontFamily::Serif, 10, true, false}),
+         Text("Mono", 72, 130, 200, Align::Left, Font{FontFamily::Mono, 10, false, false})}});
+    const std::string path = File("fonts.pdf");
     WritePdf(document, path);
 
-    const std::string bytes = ReadFile(path);
-    const auto start = bytes.rfind("startxref\n");
-    ASSERT_NE(start, std::string::npos);
-    const std::size_t table = std::stoul(bytes.substr(start + 10));
-    ASSERT_EQ(bytes.compare(table, 5, "xref\n"), 0);
-    std::istringstream in(bytes.substr(table + 5));
-    int first = -1, count = 0;
-    in >> first >> count;
-    ASSERT_EQ(first, 0);
-    ASSERT_GT(count, 5 * 2);
-    in.get();
-    std::string entry(20, '\0');
-    in.read(entry.data(), 20);
-    EXPECT_EQ(entry, "0000000000 65535 f \n");
-    for (int object = 1; object < count; ++object) {
-        in.read(entry.data(), 20);
-        ASSERT_EQ(entry.substr(10), " 00000 n \n") << object;
-        const std::size_t offset = std::stoul(entry.substr(0, 10));
-        const std::string header = std::to_string(object) + " 0 obj";
-        EXPECT_EQ(bytes.compare(offset, header.size(), header), 0) << "object " << object;
+    const Output fonts = RunTool("pdffonts " + Quoted(path));
+    ASSERT_EQ(fonts.status, 0) << fonts.text;
+    std::istringstream lines(fonts.text);
+    std::string line;
+    std::getline(lines, line); // heading
+    std::getline(lines, line); // rule
+    int embedded = 0;
+    std::string names;
+    while (std::getline(lines, line)) {
+        std::istringstream fields(line);
+        std::string name, type, more, emb, sub;
+        fields >> name;
+        names += name + " ";
+        // "name type [type] encoding emb sub uni object id": emb and sub are the 3rd to 5th
+        // fields from the end.
+        std::vector<std::string> all{name};
+        while (fields >> more)
+            all.push_back(more);
+        ASSERT_GE(all.size(), 7u) << line;
+        emb = all[all.size() - 5];
+        sub = all[all.size() - 4];
+        EXPECT_EQ(emb, "yes") << line;
+        EXPECT_EQ(sub, "yes") << line;
+        // A subset is named with a tag of six capitals and a plus.
+        EXPECT_EQ(name.size() > 7 ? name[6] : ' ', '+') << line;
+        ++embedded;
     }
-    EXPECT_NE(bytes.find("/Size " + std::to_string(count)), std::string::npos);
+    EXPECT_EQ(embedded, 3) << fonts.text;
+    EXPECT_NE(names.find("+LiberationSans "), std::string::npos) << names;
+    EXPECT_NE(names.find("+LiberationSerif-Bold "), std::string::npos) << names;
+    EXPECT_NE(names.find("+LiberationMono "), std::string::npos) << names;
 }
 
 TEST_F(PdfWriterTest, TenThousandPagesAreWrittenOneByOne) {
@@ -292,6 +286,7 @@ TEST_F(PdfWriterTest, TenThousandPagesAreWrittenOneByOne) {
     const std::string path = File("long.pdf");
     PdfWriter writer(path);
     writer.SetTitle("Long report");
+    std::uintmax_t sizeAt1000 = 0, sizeAt9000 = 0;
     for (int number = 1; number <= pages; ++number) {
         Page page;
         for (int row = 0; row < 40; ++row) {
@@ -304,7 +299,12 @@ TEST_F(PdfWriterTest, TenThousandPagesAreWrittenOneByOne) {
             Text("Page " + std::to_string(number) + " of " + std::string(kPageTotalToken), 390, 760,
                  150, Align::Right));
         writer.AddPage(page, pages);
+        // Each page is in the file once it is added, not kept back for the end.
+        if (number == 1000) sizeAt1000 = fs::file_size(path);
+        if (number == 9000) sizeAt9000 = fs::file_size(path);
     }
+    EXPECT_GT(sizeAt1000, 100u * 1000);
+    EXPECT_GT(sizeAt9000, sizeAt1000 * 8);
     writer.Finish();
 
     const Output info = RunTool("pdfinfo " + Quoted(path));

@@ -7,16 +7,19 @@
 #include <cstdio>
 #include <deque>
 #include <string>
-#include <string_view>
 #include <vector>
+
+struct _cairo;
+struct _cairo_surface;
 
 namespace corvane::reports {
 
-// Writes report pages to a PDF file as they come, in the standard fonts every viewer has, so
-// nothing is embedded. Each page is compressed and written when it is added and then forgotten:
-// only the offsets of the objects stay in memory, which lets a report of thousands of pages go to
-// a file in bounded memory. A failure throws core::Exception naming the file and removes what was
-// written; a writer destroyed before Finish removes its file too.
+// Writes report pages to a PDF file through cairo, as they come. Text is drawn in the report
+// faces, whose glyphs the file embeds as subsets, at the places the engine measured with the
+// same faces; any character the faces hold prints, and the text can be searched and copied.
+// Each page goes to the file when it is added and is then forgotten, so a report of thousands of
+// pages is written in bounded memory. A failure throws core::Exception naming the file and
+// removes what was written; a writer destroyed before Finish removes its file too.
 class PdfWriter {
 public:
     explicit PdfWriter(const std::string& path);
@@ -30,37 +33,43 @@ public:
     // Draws `page`; texts holding the page total token show `pageCount`.
     void AddPage(const Page& page, int pageCount);
 
-    // Writes the page tree, the document information and the cross-reference table, and closes
-    // the file.
+    // Writes what the pages share (the fonts, the document information) and closes the file.
     void Finish();
 
 private:
-    // A page's picture is often the same logo on every page: the last few are remembered by
-    // their pixels so each is stored once.
+    // A page's picture is often the same logo on every page: the last few are kept by their
+    // pixels, and the file stores each once.
     struct StoredImage {
         int width = 0;
         int height = 0;
         std::vector<std::uint8_t> rgb;
-        int object = 0;
+        _cairo_surface* surface = nullptr;
     };
 
-    int NewObject();
-    void BeginObject(int object);
-    void Write(std::string_view bytes);
-    void WriteStream(int object, std::string dictionary, const std::string& data);
-    int ImageObject(const ImageOp& image);
-    [[noreturn]] void Fail();
+    friend struct PdfSink;
+    bool WriteOut(const unsigned char* data, unsigned length);
+    // Texts wait in batches of one font and colour until something else is drawn.
+    void AddText(const TextOp& op);
+    void DrawTexts();
+    void DrawLine(const LineOp& op);
+    void DrawRect(const RectOp& op);
+    void DrawImage(const ImageOp& op);
+    _cairo_surface* ImageSurface(const ImageOp& image);
+    void CheckStatus();
+    [[noreturn]] void Fail(const std::string& reason);
     void Discard();
+    void ReleaseCairo();
 
     std::string path_;
     std::string title_;
     std::FILE* file_ = nullptr;
-    std::uint64_t written_ = 0;
-    std::vector<std::uint64_t> offsets_; // by object number - 1
-    std::vector<int> pageObjects_;
+    int writeError_ = 0; // errno of the first write that failed
+    _cairo_surface* surface_ = nullptr;
+    _cairo* cr_ = nullptr;
     std::deque<StoredImage> recentImages_;
-    int pagesObject_ = 0;
-    int fontsObject_ = 0;
+    struct TextBatch;
+    std::vector<TextBatch> texts_;
+    int pages_ = 0;
     bool opened_ = false;
     bool finished_ = false;
 };
