@@ -51,26 +51,36 @@ Period DefaultPeriod(const CompanyPeriods& company, Date today) {
     return period;
 }
 
-void CheckPeriod(ui::Application& app, const CompanyPeriods& company, Period period,
-                 ui::Control* periodControl) {
+PeriodVerdict JudgePeriod(const CompanyPeriods& company, Period period) {
+    using Kind = PeriodVerdict::Kind;
     if (company.FiscalYear == 0)
-        Refuse(periodControl, "Current fiscal year is not yet defined...\nSee \"Your Company\"");
+        return {Kind::Refused, "Current fiscal year is not yet defined...\nSee \"Your Company\""};
     // Before the range test on purpose: a closed year is told as such, whatever the bounds say.
     if (period.Year < company.FiscalYear)
-        Refuse(periodControl,
-               "GL Period is prior to current fiscal year \nas defined by \"Your Company\"");
+        return {Kind::Refused,
+                "GL Period is prior to current fiscal year \nas defined by \"Your Company\""};
     int folded = period.Folded();
     // An upper bound of 0 is no bound; one with only its period half set folds under 100 and so
     // refuses every real period, which is what the user asked for, if not what was meant.
     int errorTo = company.ErrorTo.Folded();
     if (folded < company.ErrorFrom.Folded() || (errorTo >= 1 && folded > errorTo))
-        Refuse(periodControl,
-               "GL Period is not within allowed range \nas defined by \"Your Company\"");
+        return {Kind::Refused,
+                "GL Period is not within allowed range \nas defined by \"Your Company\""};
     int warnTo = company.WarnTo.Folded();
-    if (folded < company.WarnFrom.Folded() || (warnTo >= 1 && folded > warnTo)) {
+    if (folded < company.WarnFrom.Folded() || (warnTo >= 1 && folded > warnTo))
+        return {Kind::Warning,
+                "GL Period is not within expected range \nas defined by \"Your Company\"."};
+    return {};
+}
+
+void CheckPeriod(ui::Application& app, const CompanyPeriods& company, Period period,
+                 ui::Control* periodControl) {
+    const PeriodVerdict verdict = JudgePeriod(company, period);
+    if (verdict.Verdict == PeriodVerdict::Kind::Refused) Refuse(periodControl, verdict.Message);
+    if (verdict.Verdict == PeriodVerdict::Kind::Warning) {
         ui::Message warning;
         warning.Title = "Warning";
-        warning.Text = "GL Period is not within expected range \nas defined by \"Your Company\".";
+        warning.Text = verdict.Message;
         warning.Type = ui::MsgType::Warning;
         warning.Buttons = ui::MsgButtons{ui::mbOK, ui::mbCancel};
         warning.DefaultButton = ui::mbCancel;

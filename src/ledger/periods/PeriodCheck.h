@@ -35,6 +35,18 @@ struct CompanyPeriods {
 // The period a new document starts with: each half of the company's default, or today's.
 Period DefaultPeriod(const CompanyPeriods& company, Date today);
 
+// What the company's period bounds say of a document's period: nothing, a refusal, or a warning
+// that the user may pass with OK.
+struct PeriodVerdict {
+    enum class Kind { Accepted, Refused, Warning };
+    Kind Verdict = Kind::Accepted;
+    std::string Message;
+    bool Accepted() const { return Verdict == Kind::Accepted; }
+};
+
+// The one test of a document's period, in the order the refusals are told; no question asked.
+PeriodVerdict JudgePeriod(const CompanyPeriods& company, Period period);
+
 // The one test every document form runs before it saves: raises the refusal's message (after
 // focusing periodControl), asks the warning's question through the application and raises
 // EAbort when the answer is not OK.
