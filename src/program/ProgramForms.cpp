@@ -4,6 +4,7 @@
 #include "company/CompanyForms.h"
 #include "ledger/LedgerForms.h"
 #include "receivables/posting/InvoicePostingForms.h"
+#include "receivables/ReceivablesForms.h"
 #include "reports/system/SystemReports.h"
 #include "shell/main/ShellForms.h"
 
@@ -15,6 +16,7 @@ void RegisterProgramForms(shell::FormRegistry& registry) {
     ledger::RegisterLedgerForms(registry);
     banking::RegisterBankingForms(registry);
     receivables::RegisterInvoicePostingForms(registry);
+    receivables::RegisterReceivablesForms(registry);
     company::RegisterCompanyForms(registry);
 }
 
