@@ -1,0 +1,121 @@
+#include "receivables/customers/TfrmCustomers.h"
+
+#include "core/Exception.h"
+#include "core/Refusal.h"
+#include "receivables/customers/CustomerRecord.h"
+#include "receivables/customers/TfrmCustomer.h"
+#include "receivables/customers/TfrmCustomerSearch.h"
+#include "receivables/customers/TfrmCustomersFilter.h"
+#include "receivables/masters/FieldActionButton.h"
+#include "shell/lookups/LookUpCalcFields.h"
+#include "shell/lookups/TdmLookUps.h"
+#include "ui/Application.h"
+
+namespace corvane::receivables {
+
+namespace {
+
+// Parts joined by sep, each only when it holds something.
+void Join(std::string& text, std::string_view part, std::string_view sep) {
+    if (part.empty()) return;
+    if (!text.empty()) text += sep;
+    text += part;
+}
+
+} // namespace
+
+TfrmCustomers::TfrmCustomers(ui::Application& app, store::Database& db, shell::TdmLookUps& lookUps)
+    : ListForm(app, "frmCustomers", "Customers", db, "Customer", "tblCustomer", "CustomerID"),
+      tblCBalance(db, "CBalance"),
+      mnuSortCustomerNo(
+          AddSortEntry("mnuSortCustomerNo", "Customer &no.", "CustomerNo", "CustomerNo")),
+      mnuSortCustomerName(
+          AddSortEntry("mnuSortCustomerName", "&Name", "CustomerName", "CustomerName1")),
+      lookUps_(lookUps) {
+    // Calculated and looked-up fields exist only in a cursor that adds them before it opens.
+    tblCustomer.Close();
+    shell::AddOneLineAddress(tblCustomer);
+    tblCBalance.Open();
+    tblCustomer
+        .AddLookupField("Balance", store::FieldType::Currency, 0, "CustomerID", tblCBalance,
+                        "CustomerID", "Balance")
+        .DisplayFormat = "#,###,##0.00#;(#,###,##0.00#)";
+    tblCustomer.Open();
+    grdList.AddColumn("CustomerNo", "Customer no.", 80);
+    grdList.AddColumn("CustomerName", "Name", 200);
+    grdList.AddColumn("Address", "Address", 260);
+    grdList.AddColumn("Phone", "Phone", 100);
+    grdList.AddColumn("Contact", "Contact", 130);
+    grdList.AddColumn("Balance", "Balance", 90);
+
+    popPhone.OnClick = [this] {
+        const std::string phone = tblCustomer.FieldByName("Phone").AsString();
+        if (!phone.empty()) DialNumber(App(), phone);
+    };
+    popEMail.OnClick = [this] {
+        const std::string mail = tblCustomer.FieldByName("EMail").AsString();
+        if (!mail.empty()) MailTo(App(), mail);
+    };
+    popMap.OnClick = [this] { App().Desktop().OpenUrl(MapService + "/maps?q=" + MapAddress()); };
+    popCopyAddress.OnClick = [this] { App().Desktop().SetClipboardText(ClipboardAddress()); };
+    tblCustomer.BeforeDelete = [this](store::DataSet&) { BeforeDeleteCustomer(); };
+    mnuSortCustomerName.Click();
+}
+
+TfrmCustomers::~TfrmCustomers() {
+    tblCustomer.BeforeDelete = nullptr;
+}
+
+shell::EntryForm& TfrmCustomers::Entry() {
+    auto& entry = App().SingleForm<TfrmCustomer>(Db(), lookUps_);
+    entry.OpenListForm = OpenListForm;
+    return entry;
+}
+
+shell::FilterForm* TfrmCustomers::Filter() {
+    if (!filter_) filter_ = &App().SingleForm<TfrmCustomersFilter>(*this, lookUps_);
+    return filter_;
+}
+
+shell::SearchForm* TfrmCustomers::Search() {
+    if (!search_) search_ = &App().SingleForm<TfrmCustomerSearch>(Db());
+    return search_;
+}
+
+std::string TfrmCustomers::MapAddress() {
+    std::string address;
+    for (const char* field : {"AddressLine1", "AddressLine2", "City"})
+        Join(address, tblCustomer.FieldByName(field).AsString(), ", ");
+    return address;
+}
+
+std::string TfrmCustomers::ClipboardAddress() {
+    auto text = [this](const char* field) { return tblCustomer.FieldByName(field).AsString(); };
+    std::string city;
+    Join(city, text("City"), "");
+    Join(city, text("StateProv"), ", ");
+    Join(city, text("ZipCode"), "  ");
+    std::string lines;
+    for (const std::string& line :
+         {text("CustomerName"), text("AddressLine1"), text("AddressLine2"), city, text("Country")})
+        Join(lines, line, "\n");
+    return lines;
+}
+
+void TfrmCustomers::BeforeDeleteCustomer() {
+    const std::string label = CustomerLabel(tblCustomer.FieldByName("CustomerNo").AsString(),
+                                            tblCustomer.FieldByName("CustomerName").AsString());
+    if (App().MessageDlg(DeleteQuestion(label), ui::MsgType::Confirmation, {ui::mbYes, ui::mbNo}) !=
+        ui::mbYes)
+        Abort();
+    const std::int64_t id = tblCustomer.FieldByName("CustomerID").AsInteger();
+    const std::string reason = CustomerInUse(Db(), id);
+    if (!reason.empty()) throw Exception(DeleteRefusal(label, reason));
+    // The customer goes with its balance row and contacts in one transaction; the list then
+    // only has to read itself again.
+    DeleteCustomer(Db(), id);
+    RefreshList();
+    Abort();
+}
+
+} // namespace corvane::receivables
