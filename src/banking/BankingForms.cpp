@@ -1,5 +1,12 @@
 #include "banking/BankingForms.h"
 
+#include "banking/banks/TfrmBank.h"
+#include "banking/banks/TfrmBankBook.h"
+#include "banking/banks/TfrmBanks.h"
+#include "banking/reports/MasterListReport.h"
+#include "banking/usage/FormRegistration.h"
+#include "reports/run/ReportRegistry.h"
+
 #include "banking/currencies/TfrmCurrencies.h"
 #include "banking/currencies/TfrmCurrency.h"
 #include "shell/main/TfrmCorvane.h"
@@ -26,6 +33,41 @@ void RegisterBankingForms(shell::FormRegistry& registry) {
         entry.LookUps = LookUpsOf(ctx);
         return entry;
     });
+    registry.Register("frmBanks", [&registry](shell::FormContext& ctx) -> ui::Form& {
+        auto& list = ctx.App.SingleForm<TfrmBanks>(ctx.Db, LookUpsFor(ctx));
+        list.LookUps = LookUpsOf(ctx);
+        list.OpenListForm = ListOpener(registry, ctx);
+        list.OpenBankForm = [&registry, ctx](std::string_view form, std::string_view right,
+                                             std::int64_t bankId) {
+            if (ctx.Main && !ctx.Main->CheckUserAccess(std::string(right))) return;
+            const shell::FormFactory* factory = registry.Find(form);
+            if (!factory) return;
+            shell::FormContext context = ctx;
+            ui::Form& opened = (*factory)(context);
+            if (auto* book = dynamic_cast<TfrmBankBook*>(&opened)) book->SetDefaultBankID(bankId);
+            opened.Show();
+        };
+        return list;
+    });
+    registry.Register("frmBank", [&registry](shell::FormContext& ctx) -> ui::Form& {
+        auto& entry = ctx.App.SingleForm<TfrmBank>(ctx.Db, LookUpsFor(ctx));
+        entry.LookUps = LookUpsOf(ctx);
+        entry.OpenListForm = ListOpener(registry, ctx);
+        return entry;
+    });
+    registry.Register("frmBankBook", [](shell::FormContext& ctx) -> ui::Form& {
+        auto& book = ctx.App.SingleForm<TfrmBankBook>(ctx.Db, LookUpsFor(ctx));
+        book.SetDefaultBankID(0);
+        return book;
+    });
+    RegisterListReport<TrptBanks>(registry, "frmBanks");
+}
+
+void RegisterBankingReports(reports::ReportRegistry& registry) {
+    registry.Register(
+        "Banks", "The banks with their currency and account", [](store::Database& db, const auto&) {
+            return std::unique_ptr<reports::TrptBase>(std::make_unique<TrptBanks>(db));
+        });
 }
 
 } // namespace corvane::banking

@@ -2,6 +2,7 @@
 
 #include "banking/BankingForms.h"
 #include "company/CompanyForms.h"
+#include "inventory/InventoryForms.h"
 #include "ledger/LedgerForms.h"
 #include "receivables/posting/InvoicePostingForms.h"
 #include "receivables/ReceivablesForms.h"
@@ -17,6 +18,7 @@ void RegisterProgramForms(shell::FormRegistry& registry) {
     banking::RegisterBankingForms(registry);
     receivables::RegisterInvoicePostingForms(registry);
     receivables::RegisterReceivablesForms(registry);
+    inventory::RegisterInventoryForms(registry);
     company::RegisterCompanyForms(registry);
 }
 

@@ -1,5 +1,7 @@
 #include "receivables/ReceivablesForms.h"
 
+#include "banking/usage/FormRegistration.h"
+
 #include "receivables/customers/TfrmCContact.h"
 #include "receivables/customers/TfrmCustomer.h"
 #include "receivables/customers/TfrmCustomerSearch.h"
@@ -12,64 +14,18 @@
 #include "receivables/reports/TrptTaxes.h"
 #include "receivables/taxes/TfrmTax.h"
 #include "receivables/taxes/TfrmTaxes.h"
-#include "reports/run/PreviewReport.h"
 #include "reports/run/ReportRegistry.h"
+#include "shell/lookups/TdmLookUps.h"
 #include "shell/main/FormRegistry.h"
 #include "shell/main/TfrmCorvane.h"
 #include "ui/Application.h"
 
 namespace corvane::receivables {
 
-namespace {
-
-shell::TdmLookUps* LookUpsOf(const shell::FormContext& ctx) {
-    return ctx.Main ? &ctx.Main->dmLookUps : nullptr;
-}
-
-// A list's report shows the list's rows in its order.
-template <class Report>
-void RegisterListReport(shell::FormRegistry& registry, std::string listName) {
-    registry.RegisterListPrinter(std::move(listName), [](shell::ListForm& list) {
-        auto report = std::make_unique<Report>(list.Db());
-        report->FollowList(list);
-        reports::PreviewReport(list.App(), std::move(report));
-    });
-}
-
-// A registered list form opened from a look-up button, after the user's right to it is checked.
-std::function<void(std::string_view, std::string_view)> ListOpener(shell::FormRegistry& registry,
-                                                                   shell::FormContext ctx) {
-    return [&registry, ctx](std::string_view form, std::string_view right) {
-        if (ctx.Main && !ctx.Main->CheckUserAccess(std::string(right))) return;
-        const shell::FormFactory* factory = registry.Find(form);
-        if (!factory) return;
-        shell::FormContext context = ctx;
-        (*factory)(context).Show();
-    };
-}
-
-// A small master's list and entry forms, which refresh the shared look-up cursors.
-template <class List, class Entry>
-void RegisterMaster(shell::FormRegistry& registry, std::string listName, std::string entryName) {
-    registry.Register(std::move(listName), [](shell::FormContext& ctx) -> ui::Form& {
-        auto& list = ctx.App.SingleForm<List>(ctx.Db);
-        list.LookUps = LookUpsOf(ctx);
-        return list;
-    });
-    registry.Register(std::move(entryName), [](shell::FormContext& ctx) -> ui::Form& {
-        auto& entry = ctx.App.SingleForm<Entry>(ctx.Db);
-        entry.LookUps = LookUpsOf(ctx);
-        return entry;
-    });
-}
-
-// Forms made on their own (tests, scripts) still need look-up cursors: one set for them.
-shell::TdmLookUps& LookUpsFor(const shell::FormContext& ctx) {
-    static shell::TdmLookUps standalone;
-    return ctx.Main ? ctx.Main->dmLookUps : standalone;
-}
-
-} // namespace
+using banking::ListOpener;
+using banking::LookUpsFor;
+using banking::RegisterListReport;
+using banking::RegisterMaster;
 
 void RegisterReceivablesForms(shell::FormRegistry& registry) {
     RegisterMaster<TfrmTaxes, TfrmTax>(registry, "frmTaxes", "frmTax");

@@ -55,4 +55,10 @@ void MasterListReport::Open() {
     Rows.First();
 }
 
+TrptBanks::TrptBanks(store::Database& db)
+    : MasterListReport(db, "Bank", "Banks", "BankName1",
+                       {{"BankName", "Name", 220},
+                        {"CurrencyID", "Currency", 70},
+                        {"BankGLAccountID", "GL Account", 70}}) {}
+
 } // namespace corvane::banking

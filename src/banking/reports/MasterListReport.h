@@ -38,4 +38,10 @@ public:
     void Open() override;
 };
 
+// The banks by name with their currency and ledger account.
+class TrptBanks : public MasterListReport {
+public:
+    explicit TrptBanks(store::Database& db);
+};
+
 } // namespace corvane::banking

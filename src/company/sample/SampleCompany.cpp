@@ -1,6 +1,7 @@
 #include "company/sample/SampleCompany.h"
 
 #include "company/sample/RowWriter.h"
+#include "company/sample/SampleMasters.h"
 #include "company/sample/SampleVouchers.h"
 #include "company/wizard/StarterCompany.h"
 #include "core/Date.h"
@@ -129,6 +130,7 @@ SampleSummary GenerateSampleCompany(store::Database& db, const SampleShape& shap
         SetCompanyPeriods(db, shape.FiscalYear);
         transaction.Commit();
     }
+    WriteSampleMasters(db);
 
     SampleVoucherWriter vouchers(db, shape);
     vouchers.WritePeriods(SampleVoucherWriter::Phase::ToBePosted);

@@ -1,0 +1,36 @@
+#include "inventory/masters/TfrmWarehouse.h"
+
+#include "banking/usage/KeyDraw.h"
+#include "banking/usage/RefusalFocus.h"
+#include "inventory/masters/InventoryMasters.h"
+#include "shell/lookups/TdmLookUps.h"
+#include "ui/Layout.h"
+
+namespace corvane::inventory {
+
+TfrmWarehouse::TfrmWarehouse(ui::Application& app, store::Database& db)
+    : EntryForm(app, "frmWarehouse", db, "Warehse", "tblWarehse") {
+    using namespace ui;
+    SetLayout(Column{FormRow{"Warehouse Name:", editWarehouseName}, ButtonRow{btnOK, btnCancel}});
+    EntryTable.BeforePost = [this](store::DataSet&) {
+        banking::RaiseRefusal(CheckWarehouse(EntryTable), {{"WarehouseName", &editWarehouseName}});
+        banking::DrawKeyIfNew(EntryTable, "WarehouseID");
+    };
+    EntryTable.AfterPost = [this](store::DataSet&) {
+        if (LookUps) LookUps->RefreshIfOpen(shell::LookUp::Warehse);
+    };
+    OnShow = [this] { ShowCaption(); };
+}
+
+void TfrmWarehouse::ShowCaption() {
+    if (!EntryTable.Active()) return;
+    const std::string name = EntryTable.FieldByName("WarehouseName").AsString();
+    Caption = name.empty() ? "New Warehouse" : name;
+}
+
+std::string TfrmWarehouse::KeyViolationMessage() const {
+    if (Visible() && nameEdit_->CanFocus()) nameEdit_->SetFocus();
+    return "Warehouse Name must be unique";
+}
+
+} // namespace corvane::inventory
