@@ -4,6 +4,7 @@
 #include "company/CompanyForms.h"
 #include "inventory/InventoryForms.h"
 #include "ledger/LedgerForms.h"
+#include "receivables/invoices/forms/InvoiceForms.h"
 #include "receivables/posting/InvoicePostingForms.h"
 #include "receivables/ReceivablesForms.h"
 #include "reports/system/SystemReports.h"
@@ -16,6 +17,7 @@ void RegisterProgramForms(shell::FormRegistry& registry) {
     reports::RegisterSystemListPrinters(registry);
     ledger::RegisterLedgerForms(registry);
     banking::RegisterBankingForms(registry);
+    receivables::RegisterInvoiceForms(registry);
     receivables::RegisterInvoicePostingForms(registry);
     receivables::RegisterReceivablesForms(registry);
     inventory::RegisterInventoryForms(registry);

@@ -1,0 +1,159 @@
+#include "receivables/invoices/forms/TfrmARInvoices.h"
+
+#include "core/Exception.h"
+#include "receivables/invoices/InvoiceDocument.h"
+#include "receivables/invoices/forms/TfrmARInvoice.h"
+#include "receivables/posting/InvoiceReader.h"
+#include "store/Query.h"
+#include "ui/Application.h"
+
+namespace corvane::receivables {
+
+TfrmARInvoices::TfrmARInvoices(ui::Application& app, store::Database& db,
+                               const shell::FormRegistry* registry, shell::TfrmCorvane* main)
+    : ListForm(app, "frmARInvoices", "AR Invoices", db, "ARInv", "tblARInv", "ARInvoiceID"),
+      mnuSortDate(AddSortEntry("mnuSortDate", "&Date", "InvoiceDate", "InvoiceDateInvoiceNoDESC")),
+      mnuSortInvoiceNo(AddSortEntry("mnuSortInvoiceNo", "&Invoice no.", "InvoiceNo", "InvoiceNo")),
+      registry_(registry), main_(main), tblCustomer(db, "Customer") {
+    tblCustomer.Open();
+    AddListFields();
+    grdList.AddColumn("InvoiceDate", "Date", 72);
+    grdList.AddColumn("Periodppyyyy", "Period", 60);
+    grdList.AddColumn("Age", "Age", 40);
+    grdList.AddColumn("CustomerNo", "Customer no.", 80);
+    grdList.AddColumn("CustomerName", "Name", 180);
+    grdList.AddColumn("InvoiceNo", "Invoice no.", 80);
+    grdList.AddColumn("Description", "Description", 180);
+    grdList.AddColumn("InvoiceAmount", "Amount", 90);
+    grdList.AddColumn("Owing", "Owing", 90);
+    grdList.AddColumn("Printed", "Printed", 50);
+    grdList.AddColumn("Posted", "Posted", 50);
+    mnuOutstanding.Visible = true;
+    mnuPost.Visible = registry_ && registry_->Find("frmARInvoicesPost");
+    mnuDelete.OnClick = popDelete.OnClick = tbnDelete.OnClick = [this] { DeleteInvoice(); };
+    mnuCopy.OnClick = [this] { CopyInvoice(); };
+    mnuPost.OnClick = [this] { PostInvoices(); };
+    mnuPayments.OnClick = [this] { ShowPayments(); };
+    mnuOutstanding.OnClick = [this] { ToggleOutstanding(); };
+    OnShow = [this] { Caption = CaptionNow(); };
+    mnuSortDate.Click();
+}
+
+void TfrmARInvoices::AddListFields() {
+    tblARInv.Close();
+    tblARInv.AddLookupField("CustomerNo", store::FieldType::String, 10, "CustomerID", tblCustomer,
+                            "CustomerID", "CustomerNo");
+    tblARInv.AddLookupField("CustomerName", store::FieldType::String, 40, "CustomerID", tblCustomer,
+                            "CustomerID", "CustomerName");
+    tblARInv.AddCalculatedField("Periodppyyyy", store::FieldType::String, 8);
+    tblARInv.AddCalculatedField("Age", store::FieldType::Integer);
+    tblARInv.OnCalcFields = [](store::DataSet& ds) {
+        const store::Field& period = ds.FieldByName("GLPeriod");
+        const store::Field& year = ds.FieldByName("GLYear");
+        std::string pp = period.IsNull() ? "" : std::to_string(period.AsInteger());
+        if (pp.size() == 1) pp = "0" + pp;
+        ds.FieldByName("Periodppyyyy").SetAsString(pp + "/" + year.AsString());
+        const store::Field& date = ds.FieldByName("InvoiceDate");
+        if (!date.IsNull()) ds.FieldByName("Age").SetAsInteger(Date::Today() - date.AsDate());
+    };
+    tblARInv.Open();
+}
+
+std::string TfrmARInvoices::CaptionNow() const {
+    const bool outstanding = mnuOutstanding.Checked();
+    const bool filtered = mnuFilter.Checked();
+    if (outstanding && filtered) return "AR Invoices (Outstanding, Filtered)";
+    if (outstanding) return "AR Invoices (Outstanding)";
+    if (filtered) return "AR Invoices (Filtered)";
+    return "AR Invoices";
+}
+
+void TfrmARInvoices::ToggleOutstanding() {
+    if (mnuOutstanding.Checked()) {
+        mnuOutstanding.SetChecked(false);
+        tblARInv.SetFiltered(false);
+        tblARInv.SetFilter("");
+    } else {
+        ShowOutstanding("Owing <> 0");
+    }
+    ShowList();
+    Caption = CaptionNow();
+}
+
+TfrmARInvoice& TfrmARInvoices::InvoiceForm() {
+    TfrmARInvoice& form = App().SingleForm<TfrmARInvoice>(Db());
+    form.AfterSave = [this](shell::EntryForm& saved) {
+        store::Value id = saved.EntryTable.FieldByName("ARInvoiceID").AsValue();
+        RefreshList();
+        tblARInv.Locate("ARInvoiceID", {id});
+    };
+    if (!form.OpenPayment)
+        form.OpenPayment = [this, &form] {
+            if (ui::Form* pop = MakeRegistered("frmARInvoicePOSPmt")) pop->ShowModal();
+            (void)form;
+        };
+    return form;
+}
+
+shell::EntryForm& TfrmARInvoices::Entry() {
+    return InvoiceForm();
+}
+
+ui::Form* TfrmARInvoices::MakeRegistered(std::string_view name) {
+    if (!registry_ || name.empty()) return nullptr;
+    const shell::FormFactory* factory = registry_->Find(name);
+    if (!factory) return nullptr;
+    shell::FormContext context{App(), Db(), main_};
+    return &(*factory)(context);
+}
+
+void TfrmARInvoices::DeleteInvoice() {
+    if (tblARInv.IsEmpty()) return;
+    const std::string no = tblARInv.FieldByName("InvoiceNo").AsString();
+    if (App().MessageDlg("Delete invoice '" + no + "'?", ui::MsgType::Confirmation,
+                         {ui::mbYes, ui::mbNo}) != ui::mbYes)
+        return;
+    const InvoiceVerdict verdict =
+        receivables::DeleteInvoice(Db(), tblARInv.FieldByName("ARInvoiceID").AsInteger());
+    if (!verdict.Accepted()) throw Exception(verdict.Message);
+    RefreshList();
+}
+
+void TfrmARInvoices::CopyInvoice() {
+    if (tblARInv.IsEmpty()) return;
+    const std::int64_t id = tblARInv.FieldByName("ARInvoiceID").AsInteger();
+    if (tblARInv.FieldByName("TimeInvoice").AsBoolean())
+        throw Exception("Unable to copy invoice '" + tblARInv.FieldByName("InvoiceNo").AsString() +
+                        "'...\nInvoices AutoCreated from time sheets cannot be copied");
+    TfrmARInvoice& form = InvoiceForm();
+    form.CopyFrom(id);
+    form.Show();
+}
+
+void TfrmARInvoices::PostInvoices() {
+    ui::Form* post = MakeRegistered("frmARInvoicesPost");
+    if (!post) return;
+    const ui::ModalResult result = post->ShowModal();
+    RefreshList();
+    // The vouchers the run wrote go to the ledger at once, if the user agrees there.
+    if (result == ui::mrOK)
+        if (ui::Form* vouchers = MakeRegistered("frmJVsPost")) vouchers->ShowModal();
+}
+
+void TfrmARInvoices::ShowPayments() {
+    if (tblARInv.IsEmpty()) return;
+    const std::string no = tblARInv.FieldByName("InvoiceNo").AsString();
+    if (!tblARInv.FieldByName("Posted").AsBoolean()) {
+        if (!tblARInv.FieldByName("POSPmtAmount").AsMoney().IsZero())
+            throw Exception("POS Payment not yet created because invoice '" + no +
+                            "' not yet posted.");
+        throw Exception("No payments exist for invoice '" + no + "'.");
+    }
+    store::Query q(Db(), "SELECT PaymentID FROM ARInvPmt WHERE ARInvoiceID = :ID");
+    q.ParamByName("ID").SetValue(tblARInv.FieldByName("ARInvoiceID").AsValue());
+    q.Open();
+    if (q.IsEmpty()) throw Exception("No payments exist for invoice '" + no + "'.");
+    if (ui::Form* list = MakeRegistered("frmARInvoicePayments")) list->Show();
+}
+
+} // namespace corvane::receivables
