@@ -1,4 +1,4 @@
-#include "banking/banks/BankRecord.h"
+#include "banking/domain/BankRecord.h"
 
 #include "core/Date.h"
 #include "store/Query.h"

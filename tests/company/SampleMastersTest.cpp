@@ -1,5 +1,5 @@
 #include "company/sample/SampleCompany.h"
-#include "receivables/customers/CustomerRecord.h"
+#include "receivables/domain/CustomerRecord.h"
 #include "receivables/taxes/TaxLookUp.h"
 #include "store/Query.h"
 #include "support/CompanyFixture.h"

@@ -1,5 +1,5 @@
-#include "inventory/items/ItemRecord.h"
-#include "inventory/masters/InventoryMasters.h"
+#include "inventory/domain/ItemRecord.h"
+#include "inventory/domain/InventoryMasters.h"
 
 #include "core/Date.h"
 #include "store/Query.h"

@@ -1,4 +1,4 @@
-#include "receivables/customers/CustomerRecord.h"
+#include "receivables/domain/CustomerRecord.h"
 
 #include "core/Date.h"
 #include "store/Query.h"

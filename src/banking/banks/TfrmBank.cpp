@@ -1,6 +1,6 @@
 #include "banking/banks/TfrmBank.h"
 
-#include "banking/banks/BankRecord.h"
+#include "banking/domain/BankRecord.h"
 #include "banking/usage/KeyDraw.h"
 #include "banking/usage/RefusalFocus.h"
 #include "shell/lookups/TdmLookUps.h"
@@ -25,7 +25,7 @@ TfrmBank::TfrmBank(ui::Application& app, store::Database& db, shell::TdmLookUps&
     };
     SetLayout(Column{
         FormRow{"Name:", editBankName},
-        FormRow{"Currency:", Row{cboCurrency, btnCurrencies}},
+        FormRow{"Currency:", Row{cboCurrency, btnCurrencies, Stretch{}}},
         FormRow{"GL Account:", Row{editBankGLAccount, editBankGLAccountName, btnGLAccounts}},
         ButtonRow{btnOK, btnCancel},
     });

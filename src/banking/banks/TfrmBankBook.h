@@ -1,6 +1,6 @@
 #pragma once
 
-#include "banking/banks/BankRecord.h"
+#include "banking/domain/BankRecord.h"
 #include "store/Query.h"
 #include "ui/DBLookupComboBox.h"
 #include "ui/Form.h"

@@ -1,7 +1,7 @@
 #include "banking/banks/TfrmBanks.h"
 
-#include "banking/banks/BankRecord.h"
 #include "banking/banks/TfrmBank.h"
+#include "banking/domain/BankRecord.h"
 #include "core/Exception.h"
 #include "core/Refusal.h"
 #include "shell/lookups/TdmLookUps.h"

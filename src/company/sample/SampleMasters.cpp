@@ -2,9 +2,9 @@
 
 #include "company/wizard/StarterChart.h"
 #include "core/Money.h"
-#include "inventory/items/ItemRecord.h"
-#include "inventory/masters/InventoryMasters.h"
-#include "receivables/customers/CustomerRecord.h"
+#include "inventory/domain/InventoryMasters.h"
+#include "inventory/domain/ItemRecord.h"
+#include "receivables/domain/CustomerRecord.h"
 #include "store/Database.h"
 #include "store/Table.h"
 
@@ -121,6 +121,8 @@ void WriteCustomers(store::Database& db) {
         t.FieldByName("CustomerTypeID").SetAsInteger(c.Type);
         t.FieldByName("SalesmanID").SetAsInteger(c.Salesman);
         t.FieldByName("NetDays").SetAsInteger(30);
+        t.FieldByName("CreditLimit")
+            .SetAsMoney(Money::FromWhole(c.Type == kWholesale ? 50000 : 15000));
         // Customers abroad pay no Canadian sales tax; at home GST and PST apply.
         if (c.Currency == kHome) {
             t.FieldByName("Tax1ID").SetAsInteger(kGst);

@@ -2,7 +2,7 @@
 
 #include "banking/usage/RefusalFocus.h"
 #include "core/Exception.h"
-#include "inventory/items/ItemRecord.h"
+#include "inventory/domain/ItemRecord.h"
 #include "shell/lookups/TdmLookUps.h"
 #include "ui/Application.h"
 #include "ui/Layout.h"
@@ -68,8 +68,8 @@ TfrmItem::TfrmItem(ui::Application& app, store::Database& db, shell::TdmLookUps&
     lookUpButton(btnGLAccounts, "frmGLAccounts", "GLAccounts");
 
     tabGeneral.SetLayout(Column{
-        FormRow{"Item Type:", Row{cboItemType, btnItemTypes}},
-        FormRow{"Item Subtype:", Row{cboItemSubtype, btnItemSubtypes}},
+        FormRow{"Item Type:", Row{cboItemType, btnItemTypes, Stretch{}}},
+        FormRow{"Item Subtype:", Row{cboItemSubtype, btnItemSubtypes, Stretch{}}},
         FormRow{"Unit Price:", editUnitPrice},
         FormRow{"Taxes:", editTaxCodes},
         FormRow{"Wgt Avg Cost:", Row{editWgtAvgCost, chkReadOnly}},

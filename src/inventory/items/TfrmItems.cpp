@@ -2,7 +2,7 @@
 
 #include "core/Exception.h"
 #include "core/Refusal.h"
-#include "inventory/items/ItemRecord.h"
+#include "inventory/domain/ItemRecord.h"
 #include "inventory/items/TfrmItem.h"
 #include "inventory/items/TfrmItemSearch.h"
 #include "inventory/items/TfrmItemsFilter.h"
@@ -22,8 +22,8 @@ TfrmItems::TfrmItems(ui::Application& app, store::Database& db, shell::TdmLookUp
     grdList.AddColumn("ItemDescription", "Description", 240);
     grdList.AddColumn("UnitPrice", "Unit Price", 80);
     grdList.AddColumn("TaxCodes", "Taxes", 45);
-    grdList.AddColumn("WgtAvgCost", "Wgt Avg Cost", 85);
-    grdList.AddColumn("StandardCost", "Standard Cost", 85);
+    grdList.AddColumn("WgtAvgCost", "Wgt Avg Cost", 100);
+    grdList.AddColumn("StandardCost", "Standard Cost", 100);
     mnuCopy.OnClick = [this] { CopyRecord(); };
     tblItem.BeforeDelete = [this](store::DataSet&) { BeforeDeleteItem(); };
     mnuSortItemNo.Click();

@@ -2,7 +2,7 @@
 
 #include "banking/usage/KeyDraw.h"
 #include "banking/usage/RefusalFocus.h"
-#include "inventory/masters/InventoryMasters.h"
+#include "inventory/domain/InventoryMasters.h"
 #include "shell/lookups/TdmLookUps.h"
 #include "ui/Layout.h"
 

@@ -2,7 +2,7 @@
 
 #include "core/Exception.h"
 #include "core/Refusal.h"
-#include "inventory/masters/InventoryMasters.h"
+#include "inventory/domain/InventoryMasters.h"
 #include "inventory/masters/TfrmWarehouse.h"
 #include "shell/lookups/TdmLookUps.h"
 #include "ui/Application.h"

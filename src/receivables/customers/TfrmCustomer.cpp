@@ -4,8 +4,8 @@
 #include "core/DisplayFormat.h"
 #include "core/Exception.h"
 #include "core/Refusal.h"
-#include "receivables/customers/CustomerRecord.h"
 #include "receivables/customers/TfrmCContact.h"
+#include "receivables/domain/CustomerRecord.h"
 #include "shell/lookups/TdmLookUps.h"
 #include "store/Query.h"
 #include "ui/Application.h"
@@ -128,19 +128,19 @@ TfrmCustomer::TfrmCustomer(ui::Application& app, store::Database& db, shell::Tdm
         Row{chkCOD, chkPrepayment, Stretch{}},
         FormRow{"Terms Text:", editTermsText},
         FormRow{"Credit Limit:", editCreditLimit},
-        FormRow{"Currency:", Row{cboCurrency, btnCurrencies}},
+        FormRow{"Currency:", Row{cboCurrency, btnCurrencies, Stretch{}}},
         FormRow{"Message:", editCustomerMessage},
         Row{chkPrintStatement, chkAllowBackorders, Stretch{}},
         Stretch{},
     });
     tabTax.SetLayout(Column{
-        FormRow{"Tax 1:", Row{cboTax1, btnTaxes}},
+        FormRow{"Tax 1:", Row{cboTax1, btnTaxes, Stretch{}}},
         FormRow{"Exemption No. 1:", editTax1ExemptionNo},
         FormRow{"Tax 2:", cboTax2},
         FormRow{"Exemption No. 2:", editTax2ExemptionNo},
         FormRow{"Tax No.:", editTaxNo},
-        FormRow{"Salesman:", Row{cboSalesman, btnSalesmen}},
-        FormRow{"Customer Type:", Row{cboCustomerType, btnCustomerTypes}},
+        FormRow{"Salesman:", Row{cboSalesman, btnSalesmen, Stretch{}}},
+        FormRow{"Customer Type:", Row{cboCustomerType, btnCustomerTypes, Stretch{}}},
         Stretch{},
     });
     tabContacts.SetLayout(Column{

@@ -1,7 +1,7 @@
 #include "receivables/customers/TfrmCustomerSearch.h"
 
 #include "core/Exception.h"
-#include "receivables/customers/CustomerRecord.h"
+#include "receivables/domain/CustomerRecord.h"
 #include "ui/Layout.h"
 
 namespace corvane::receivables {

@@ -2,10 +2,10 @@
 
 #include "core/Exception.h"
 #include "core/Refusal.h"
-#include "receivables/customers/CustomerRecord.h"
 #include "receivables/customers/TfrmCustomer.h"
 #include "receivables/customers/TfrmCustomerSearch.h"
 #include "receivables/customers/TfrmCustomersFilter.h"
+#include "receivables/domain/CustomerRecord.h"
 #include "receivables/masters/FieldActionButton.h"
 #include "shell/lookups/LookUpCalcFields.h"
 #include "shell/lookups/TdmLookUps.h"
@@ -41,10 +41,10 @@ TfrmCustomers::TfrmCustomers(ui::Application& app, store::Database& db, shell::T
                         "CustomerID", "Balance")
         .DisplayFormat = "#,###,##0.00#;(#,###,##0.00#)";
     tblCustomer.Open();
-    grdList.AddColumn("CustomerNo", "Customer no.", 80);
+    grdList.AddColumn("CustomerNo", "Customer no.", 95);
     grdList.AddColumn("CustomerName", "Name", 200);
-    grdList.AddColumn("Address", "Address", 260);
-    grdList.AddColumn("Phone", "Phone", 100);
+    grdList.AddColumn("Address", "Address", 320);
+    grdList.AddColumn("Phone", "Phone", 115);
     grdList.AddColumn("Contact", "Contact", 130);
     grdList.AddColumn("Balance", "Balance", 90);
 

@@ -2,7 +2,7 @@
 
 #include "banking/usage/KeyDraw.h"
 #include "banking/usage/RefusalFocus.h"
-#include "receivables/masters/MasterRecords.h"
+#include "receivables/domain/MasterRecords.h"
 #include "shell/lookups/LookUpCalcFields.h"
 #include "shell/lookups/TdmLookUps.h"
 #include "ui/Layout.h"

@@ -2,7 +2,7 @@
 
 #include "core/Exception.h"
 #include "core/Refusal.h"
-#include "receivables/masters/MasterRecords.h"
+#include "receivables/domain/MasterRecords.h"
 #include "receivables/masters/TfrmSalesman.h"
 #include "shell/lookups/LookUpCalcFields.h"
 #include "shell/lookups/TdmLookUps.h"

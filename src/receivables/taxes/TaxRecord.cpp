@@ -1,7 +1,7 @@
 #include "receivables/taxes/TaxRecord.h"
 
-#include "banking/usage/RecordChecks.h"
-#include "banking/usage/RowUse.h"
+#include "banking/domain/RecordChecks.h"
+#include "banking/domain/RowUse.h"
 #include "store/DataSet.h"
 
 #include <array>

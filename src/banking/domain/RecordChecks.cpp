@@ -1,6 +1,6 @@
-#include "banking/usage/RecordChecks.h"
+#include "banking/domain/RecordChecks.h"
 
-#include "banking/usage/RowUse.h"
+#include "banking/domain/RowUse.h"
 #include "core/Text.h"
 #include "store/DataSet.h"
 

@@ -1,4 +1,4 @@
-#include "banking/usage/RowUse.h"
+#include "banking/domain/RowUse.h"
 
 #include "store/Query.h"
 

@@ -1,7 +1,7 @@
-#include "banking/banks/BankRecord.h"
+#include "banking/domain/BankRecord.h"
 
-#include "banking/usage/RecordChecks.h"
-#include "banking/usage/RowUse.h"
+#include "banking/domain/RecordChecks.h"
+#include "banking/domain/RowUse.h"
 #include "store/DataSet.h"
 #include "store/Query.h"
 

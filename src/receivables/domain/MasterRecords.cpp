@@ -1,7 +1,7 @@
-#include "receivables/masters/MasterRecords.h"
+#include "receivables/domain/MasterRecords.h"
 
-#include "banking/usage/RecordChecks.h"
-#include "banking/usage/RowUse.h"
+#include "banking/domain/RecordChecks.h"
+#include "banking/domain/RowUse.h"
 #include "store/DataSet.h"
 
 namespace corvane::receivables {

@@ -1,4 +1,4 @@
-#include "receivables/taxes/TfrmTax.h"
+#include "receivables/masters/TfrmTax.h"
 
 #include "banking/usage/KeyDraw.h"
 #include "banking/usage/RefusalFocus.h"

@@ -1,7 +1,7 @@
-#include "inventory/masters/InventoryMasters.h"
+#include "inventory/domain/InventoryMasters.h"
 
-#include "banking/usage/RecordChecks.h"
-#include "banking/usage/RowUse.h"
+#include "banking/domain/RecordChecks.h"
+#include "banking/domain/RowUse.h"
 #include "store/DataSet.h"
 
 #include <array>

@@ -1,9 +1,9 @@
-#include "receivables/taxes/TfrmTaxes.h"
+#include "receivables/masters/TfrmTaxes.h"
 
 #include "core/Exception.h"
 #include "core/Refusal.h"
+#include "receivables/masters/TfrmTax.h"
 #include "receivables/taxes/TaxRecord.h"
-#include "receivables/taxes/TfrmTax.h"
 #include "shell/lookups/TdmLookUps.h"
 #include "ui/Application.h"
 

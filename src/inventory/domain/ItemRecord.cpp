@@ -1,7 +1,7 @@
-#include "inventory/items/ItemRecord.h"
+#include "inventory/domain/ItemRecord.h"
 
-#include "banking/usage/RecordChecks.h"
-#include "banking/usage/RowUse.h"
+#include "banking/domain/RecordChecks.h"
+#include "banking/domain/RowUse.h"
 #include "store/Database.h"
 #include "store/Query.h"
 #include "store/Table.h"
