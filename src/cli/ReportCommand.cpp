@@ -20,9 +20,9 @@ namespace corvane::cli {
 
 namespace {
 
-const char* const kUsage =
-    "usage: corvane-cli report COMPANY NAME [--OPTION VALUE]... (--pdf FILE | --text FILE)\n"
-    "       corvane-cli report --list\n";
+const char* const kUsage = "usage: corvane-cli report COMPANY NAME [--OPTION VALUE]... "
+                           "(--pdf FILE | --text FILE | --xlsx FILE)\n"
+                           "       corvane-cli report --list\n";
 
 struct ReportLine {
     std::string Folder;
@@ -48,10 +48,12 @@ std::optional<ReportLine> ParseLine(const std::vector<std::string>& args) {
         if (!IsOption(args[i]) || i + 1 >= args.size()) return std::nullopt;
         const std::string key = args[i].substr(2);
         const std::string& value = args[i + 1];
-        if (key == "pdf" || key == "text") {
+        if (key == "pdf" || key == "text" || key == "xlsx") {
             if (haveFile || value.empty()) return std::nullopt;
             haveFile = true;
-            line.Kind = key == "pdf" ? reports::ReportFileKind::Pdf : reports::ReportFileKind::Text;
+            line.Kind = key == "pdf"    ? reports::ReportFileKind::Pdf
+                        : key == "text" ? reports::ReportFileKind::Text
+                                        : reports::ReportFileKind::Workbook;
             line.File = value;
             continue;
         }

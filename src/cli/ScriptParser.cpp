@@ -107,6 +107,9 @@ void CheckWords(const ScriptLine& l) {
         if (a.size() != 2 || (a[1] != "cancel" && ParsePrintCount(a[1]) == 0))
             throw ScriptSyntaxError(l.Number, "'answer print' is followed by a number of copies "
                                               "or cancel");
+    } else if (l.Command == "answer" && a[0] == "save") {
+        if (a.size() != 2 || a[1].empty())
+            throw ScriptSyntaxError(l.Number, "'answer save' is followed by a file or cancel");
     } else if (l.Command == "answer") {
         if (!ParseButtonName(a[0]))
             throw ScriptSyntaxError(l.Number, "Unknown message box button '" + a[0] + "'");

@@ -92,6 +92,7 @@ struct ScriptRunner::State {
     // pages an "expect printed" has already seen.
     reports::RecordingReportOutput printer;
     std::vector<int> printAnswerLines;
+    std::vector<int> saveAnswerLines;
     std::size_t printedSeen = 0;
 
     void RunBlock(const std::vector<ScriptLine>& lines, ui::Form* modal);
@@ -299,6 +300,14 @@ void ScriptRunner::State::Exec(const ScriptLine& l, ui::Form* modal) {
         printAnswerLines.push_back(l.Number);
         return;
     }
+    if (c == "answer" && a[0] == "save") {
+        if (a[1] == "cancel")
+            printer.AnswerSaveFile(std::nullopt);
+        else
+            printer.AnswerSaveFile((baseDir / a[1]).string());
+        saveAnswerLines.push_back(l.Number);
+        return;
+    }
     if (c == "answer") {
         ui::MsgButton button = *ParseButtonName(a[0]);
         a.size() == 2 ? dialogs.Answer(a[1], button) : dialogs.Answer(button);
@@ -477,7 +486,13 @@ void ScriptRunner::State::CheckLeftovers() {
         ++failures;
         out << "line " << answerLines[i] << ": expected a message box to answer, found none\n";
     }
-    const std::size_t unusedPrints = printer.PendingAnswers();
+    const std::size_t unusedSaves = printer.PendingSaveAnswers();
+    for (std::size_t i = saveAnswerLines.size() - unusedSaves; i < saveAnswerLines.size(); ++i) {
+        ++failures;
+        out << "line " << saveAnswerLines[i] << ": expected the save dialog to answer, found "
+            << "none opened\n";
+    }
+    const std::size_t unusedPrints = printer.PendingAnswers() - unusedSaves;
     for (std::size_t i = printAnswerLines.size() - unusedPrints; i < printAnswerLines.size(); ++i) {
         ++failures;
         out << "line " << printAnswerLines[i] << ": expected the print dialog to answer, found "

@@ -14,6 +14,7 @@
 #include <QPrintDialog>
 #include <QPrinter>
 #include <QPrinterInfo>
+#include <QStringList>
 
 #include <algorithm>
 
@@ -99,16 +100,35 @@ void QtReportPrinter::PrintPages(const reports::ReportDocument& document,
 }
 
 std::optional<std::string> QtReportPrinter::SaveFileName(const std::string& title,
-                                                         const std::string& defaultName) {
-    // The kind of file offered is the default name's.
+                                                         const std::string& defaultName,
+                                                         const std::string& filter) {
+    // The kinds offered: the filter's pairs of name and pattern ("Excel files (*.xlsx)|*.xlsx"),
+    // or the kind of the default name.
     const QString suffix = QFileInfo(QString::fromStdString(defaultName)).suffix();
-    const QString filter =
-        suffix.isEmpty() ? QString() : suffix.toUpper() + " files (*." + suffix + ")";
+    QStringList names;
+    QStringList suffixes;
+    const QStringList parts = QString::fromStdString(filter).split('|');
+    for (qsizetype i = 0; i + 1 < parts.size(); i += 2) {
+        names << parts[i].trimmed();
+        suffixes << QFileInfo(parts[i + 1].trimmed()).suffix();
+    }
+    if (names.isEmpty() && !suffix.isEmpty()) {
+        names << suffix.toUpper() + " files (*." + suffix + ")";
+        suffixes << suffix;
+    }
+    QString chosen = names.isEmpty() ? QString() : names.front();
+    for (qsizetype i = 0; i < suffixes.size(); ++i)
+        if (suffixes[i].compare(suffix, Qt::CaseInsensitive) == 0) chosen = names[i];
     QString path = QFileDialog::getSaveFileName(
         QApplication::activeWindow(), QString::fromStdString(title),
-        QDir::home().filePath(QString::fromStdString(defaultName)), filter);
+        QDir::home().filePath(QString::fromStdString(defaultName)), names.join(";;"), &chosen);
     if (path.isEmpty()) return std::nullopt;
-    if (QFileInfo(path).suffix().isEmpty() && !suffix.isEmpty()) path += "." + suffix;
+    // A name typed without its extension takes that of the kind chosen.
+    const qsizetype kind = names.indexOf(chosen);
+    if (QFileInfo(path).suffix().isEmpty()) {
+        const QString wanted = kind >= 0 ? suffixes[kind] : suffix;
+        if (!wanted.isEmpty()) path += "." + wanted;
+    }
     return path.toStdString();
 }
 

@@ -15,7 +15,8 @@ public:
     bool PrintDialog(reports::PrintRequest& request) override;
     void PrintPages(const reports::ReportDocument& document, const reports::PrintJob& job) override;
     std::optional<std::string> SaveFileName(const std::string& title,
-                                            const std::string& defaultName) override;
+                                            const std::string& defaultName,
+                                            const std::string& filter = {}) override;
 
     // The system's default printer; empty when there is none.
     static std::string DefaultPrinterName();

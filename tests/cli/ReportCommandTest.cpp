@@ -9,6 +9,7 @@
 #include "store/Table.h"
 #include "store/tables/CompanyDatabase.h"
 #include "support/CompanyFixture.h"
+#include "support/SheetXml.h"
 
 #include <gtest/gtest.h>
 
@@ -102,6 +103,26 @@ TEST_F(ReportCommandTest, WritesEveryPageOfTheUsersReportAsPdfAndAsText) {
     EXPECT_NE(text.find("user002"), std::string::npos) << text;
     EXPECT_NE(text.find("Page 2 of 3"), std::string::npos) << text;
     EXPECT_EQ(text.find("secret"), std::string::npos) << text;
+}
+
+TEST_F(ReportCommandTest, WritesTheUsersReportAsAWorkbookOfItsLines) {
+    MakeCompany(120);
+    const std::string xlsx = temp_.Path() + "/users.xlsx";
+    auto result = Report({folder_, "Users", "--xlsx", xlsx});
+    ASSERT_EQ(result.Exit, 0) << result.Err;
+    EXPECT_EQ(result.Out, "3 page(s) written to " + xlsx + "\n");
+    const auto cells = testing::SheetCells(xlsx);
+    std::string users;
+    int rows = 0;
+    for (const auto& [ref, cell] : cells) {
+        if (cell.value.rfind("user", 0) == 0) {
+            users += cell.value + " ";
+            ++rows;
+        }
+        EXPECT_EQ(cell.value.find("Page "), std::string::npos) << ref;
+    }
+    EXPECT_EQ(rows, 120) << users;
+    EXPECT_NE(users.find("user120"), std::string::npos) << users;
 }
 
 TEST_F(ReportCommandTest, UnknownReportNamesTheReportsThereAre) {

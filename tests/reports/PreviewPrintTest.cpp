@@ -89,5 +89,25 @@ TEST_F(PreviewTest, PdfGoesToTheFileTheSaveDialogNames) {
     EXPECT_EQ(printer.PendingAnswers(), 0u);
 }
 
+TEST_F(PreviewTest, ExcelGoesToTheWorkbookTheSaveDialogNames) {
+    TempFolder folder;
+    const std::string path = folder.Path() + "/vendors.xlsx";
+    auto& preview = Preview(FinishedReport(2, "Vendors: A/B"));
+    printer.AnswerSaveFile(path);
+    Click(preview, "btnExcel");
+    EXPECT_EQ(printer.Calls().back(),
+              "SaveFileName Export to Excel|Vendors_ A_B.xlsx|Excel files (*.xlsx)|*.xlsx");
+    std::ifstream file(path, std::ios::binary);
+    std::string head(2, '\0');
+    file.read(head.data(), 2);
+    EXPECT_EQ(head, "PK"); // a workbook is a zip of its parts
+
+    printer.AnswerSaveFile(std::nullopt);
+    Click(preview, "btnExcel");
+    const auto files = std::distance(std::filesystem::directory_iterator(folder.Path()), {});
+    EXPECT_EQ(files, 1);
+    EXPECT_EQ(printer.PendingAnswers(), 0u);
+}
+
 } // namespace
 } // namespace corvane::testing

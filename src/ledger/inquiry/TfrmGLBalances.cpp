@@ -8,6 +8,7 @@
 #include "ledger/inquiry/TfrmGLHistory.h"
 #include "ledger/reports/ListView.h"
 #include "ledger/reports/TrptGLBalances.h"
+#include "reports/export/ListExport.h"
 #include "reports/run/PreviewReport.h"
 #include "shell/main/MainMenuEntries.h"
 #include "shell/main/TfrmCorvane.h"
@@ -56,6 +57,7 @@ TfrmGLBalances::TfrmGLBalances(ui::Application& app, store::Database& db,
     // Totals are what posting left behind: no row is made, changed or removed here.
     HideRowEditing(*this);
     mnuFind.Visible = true;
+    mnuExport.Visible = true;
     mnuFind.OnClick = [this] { FindAccountInList(*this, 0); };
     mnuHistory.OnClick = [this] { ShowHistory(); };
     mnuBudget.OnClick = [this] { ShowBudget(); };
@@ -121,6 +123,10 @@ void TfrmGLBalances::AddCalculatedFields() {
 
 void TfrmGLBalances::CalculateRow(store::DataSet& ds) {
     CalculateTotalsRow(ds, data_);
+}
+
+void TfrmGLBalances::Export() {
+    reports::ExportList(*this, {"GLBalances", reports::GridColumns(grdList)});
 }
 
 void TfrmGLBalances::Print() {

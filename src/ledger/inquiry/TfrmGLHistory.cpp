@@ -9,6 +9,7 @@
 #include "ledger/reports/TrptGLHistory.h"
 #include "ledger/vouchers/TfrmJV.h"
 #include "ledger/vouchers/VoucherTexts.h"
+#include "reports/export/ListExport.h"
 #include "reports/run/PreviewReport.h"
 #include "ui/Application.h"
 
@@ -53,6 +54,7 @@ TfrmGLHistory::TfrmGLHistory(ui::Application& app, store::Database& db,
     // History is written by posting only: nothing is made, changed or removed here.
     HideRowEditing(*this);
     mnuFind.Visible = true;
+    mnuExport.Visible = true;
     mnuFind.OnClick = [this] { FindAccountInList(*this, 0); };
     mnuJV.OnClick = [this] { OpenVoucher(); };
     mnuSource.OnClick = [this] { OpenSource(); };
@@ -124,6 +126,10 @@ void TfrmGLHistory::ShowAccount(std::int64_t accountId, std::optional<int> year)
 TfrmGLHistoryFilter& TfrmGLHistory::FilterDialog() {
     if (!filter_) filter_ = &App().CreateForm<TfrmGLHistoryFilter>(*this);
     return *filter_;
+}
+
+void TfrmGLHistory::Export() {
+    reports::ExportList(*this, {"GLHistory", reports::GridColumns(grdList)});
 }
 
 void TfrmGLHistory::Print() {

@@ -54,6 +54,8 @@ protected:
     shell::EntryForm& Entry() override;
     shell::FilterForm* Filter() override;
     void Print() override;
+    // The rows the grid shows, its columns as they stand.
+    void Export() override;
 
 private:
     void AddCalculatedFields();

@@ -15,6 +15,24 @@ namespace {
 
 constexpr double kSlack = 0.01; // points: rounding in band heights never breaks a page
 
+// What a spreadsheet of the report makes of a band's texts.
+RowKind RowKindOf(BandKind kind) {
+    switch (kind) {
+    case BandKind::ColumnHeader:
+        return RowKind::Heading;
+    case BandKind::Detail:
+    case BandKind::SubDetail:
+        return RowKind::Detail;
+    case BandKind::GroupHeader:
+    case BandKind::GroupFooter:
+        return RowKind::Group;
+    case BandKind::Summary:
+        return RowKind::Summary;
+    default:
+        return RowKind::None;
+    }
+}
+
 bool SameName(std::string_view a, std::string_view b) {
     return a.size() == b.size() && std::equal(a.begin(), a.end(), b.begin(), [](char x, char y) {
                return std::tolower(static_cast<unsigned char>(x)) ==
@@ -212,8 +230,9 @@ std::vector<DrawOp> ReportRun::Render(TQRBand& band, double& height) const {
     return ops;
 }
 
-bool ReportRun::PrintBand(TQRBand* band, Placement placement) {
+bool ReportRun::PrintBand(TQRBand* band, Placement placement, RowKind rowKind) {
     if (!band || !band->Enabled) return false;
+    if (band->Kind() != BandKind::Child) rowKind = RowKindOf(band->Kind());
     CheckCancel();
     bool print = true;
     if (band->BeforePrint) band->BeforePrint(*band, print);
@@ -227,6 +246,9 @@ bool ReportRun::PrintBand(TQRBand* band, Placement placement) {
             for (TQRExpr* expr : it->second)
                 expr->Accumulate();
         std::vector<DrawOp> ops = Render(*band, height);
+        if (rowKind != RowKind::None)
+            for (DrawOp& op : ops)
+                if (auto* text = std::get_if<TextOp>(&op)) text->cell.row = rowKind;
         switch (placement) {
         case Placement::Flow:
             FlowPlace(std::move(ops), height);
@@ -244,7 +266,7 @@ bool ReportRun::PrintBand(TQRBand* band, Placement placement) {
             object->AfterBandPrinted();
     }
     if (band->AfterPrint) band->AfterPrint(*band, print);
-    if (print && band->Child()) PrintBand(band->Child(), placement);
+    if (print && band->Child()) PrintBand(band->Child(), placement, rowKind);
     return print;
 }
 

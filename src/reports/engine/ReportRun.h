@@ -38,7 +38,9 @@ private:
     std::vector<store::Value> GroupKeys() const;
     void ProcessRow(bool first);
     void PrintSubDetails();
-    bool PrintBand(TQRBand* band, Placement placement = Placement::Flow);
+    // A child band's texts count as its parent's: rowKind is the parent's.
+    bool PrintBand(TQRBand* band, Placement placement = Placement::Flow,
+                   RowKind rowKind = RowKind::None);
     std::vector<DrawOp> Render(TQRBand& band, double& height) const;
     void Emit(std::vector<DrawOp>& ops, double top);
     void FlowPlace(std::vector<DrawOp> ops, double height);

@@ -15,11 +15,16 @@ void TQRDBText::Bind(BindContext& context) {
 }
 
 void TQRDBText::Print(const PrintContext&, std::vector<DrawOp>& ops) {
-    if (Mask.empty() || field_->IsNull() || field_->OnGetText) {
+    // A field that makes its own text (a code shown as a word) is that text in a spreadsheet too.
+    if (field_->IsNull() || field_->OnGetText) {
         AddText(ops, field_->DisplayText());
         return;
     }
-    AddText(ops, FormatReportValue(field_->AsValue(), Mask));
+    if (Mask.empty()) {
+        AddValueText(ops, field_->DisplayText(), field_->AsValue(), field_->DisplayFormat);
+        return;
+    }
+    AddValueText(ops, FormatReportValue(field_->AsValue(), Mask), field_->AsValue(), Mask);
 }
 
 } // namespace corvane::reports

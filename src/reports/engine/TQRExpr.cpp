@@ -11,7 +11,8 @@ void TQRExpr::Bind(BindContext& context) {
 }
 
 void TQRExpr::Print(const PrintContext&, std::vector<DrawOp>& ops) {
-    AddText(ops, FormatReportValue(compiled_->Evaluate(), Mask));
+    const store::Value value = compiled_->Evaluate();
+    AddValueText(ops, FormatReportValue(value, Mask), value, Mask);
 }
 
 void TQRExpr::AfterBandPrinted() {

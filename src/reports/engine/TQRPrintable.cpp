@@ -1,9 +1,12 @@
 #include "reports/engine/TQRPrintable.h"
 
+#include "reports/export/SheetFormat.h"
 #include "reports/page/FontMetrics.h"
 #include "reports/page/PageText.h"
+#include "store/Value.h"
 
 #include <algorithm>
+#include <memory>
 
 namespace corvane::reports {
 
@@ -16,6 +19,12 @@ void PopCharacter(std::string& text) {
         text.pop_back();
         if ((c & 0xC0) != 0x80) break;
     }
+}
+
+// Amounts printed without a mask show two decimals with thousands.
+const std::shared_ptr<const std::string>& MoneyFormat() {
+    static const auto format = std::make_shared<const std::string>("#,##0.00");
+    return format;
 }
 
 } // namespace
@@ -59,6 +68,41 @@ TextOp TQRPrintable::MakeText(const Rect& box, std::string text) const {
 
 void TQRPrintable::AddText(std::vector<DrawOp>& ops, std::string text) const {
     ops.emplace_back(MakeText(Rect{Left, Top, Width, Height}, std::move(text)));
+}
+
+void TQRPrintable::AddValueText(std::vector<DrawOp>& ops, std::string text,
+                                const store::Value& value, const std::string& pattern) const {
+    AddText(ops, std::move(text));
+    CellValue& cell = std::get<TextOp>(ops.back()).cell;
+    if (!sheetNumber_ || pattern != sheetPattern_) {
+        sheetPattern_ = pattern;
+        sheetNumber_ = std::make_shared<const std::string>(SheetNumberFormat(pattern));
+        sheetDate_ = std::make_shared<const std::string>(SheetDateFormat(pattern));
+    }
+    switch (value.kind()) {
+    case store::Value::Kind::Money:
+        cell.kind = CellValue::Kind::Number;
+        cell.value = value.Money().ToDouble();
+        cell.format = pattern.empty() ? MoneyFormat() : sheetNumber_;
+        break;
+    case store::Value::Kind::Integer:
+        cell.kind = CellValue::Kind::Number;
+        cell.value = static_cast<double>(value.Int());
+        cell.format = sheetNumber_;
+        break;
+    case store::Value::Kind::Float:
+        cell.kind = CellValue::Kind::Number;
+        cell.value = value.Float();
+        cell.format = sheetNumber_;
+        break;
+    case store::Value::Kind::Date:
+        cell.kind = CellValue::Kind::Date;
+        cell.value = SheetDateSerial(value.Date());
+        cell.format = sheetDate_;
+        break;
+    default:
+        break;
+    }
 }
 
 double OpTop(const DrawOp& op) {

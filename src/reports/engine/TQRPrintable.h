@@ -4,12 +4,14 @@
 #include "reports/page/Page.h"
 
 #include <functional>
+#include <memory>
 #include <string>
 #include <vector>
 
 namespace corvane::store {
 class DataSet;
-}
+class Value;
+} // namespace corvane::store
 
 namespace corvane::reports {
 
@@ -66,6 +68,16 @@ protected:
     // One line of text in the object's box, fitted and aligned.
     TextOp MakeText(const Rect& box, std::string text) const;
     void AddText(std::vector<DrawOp>& ops, std::string text) const;
+    // A text that shows a value: a spreadsheet of the report gets the number or date behind it,
+    // shown through the spreadsheet's form of pattern (the mask or display format it printed
+    // through; for amounts without one, two decimals with thousands).
+    void AddValueText(std::vector<DrawOp>& ops, std::string text, const store::Value& value,
+                      const std::string& pattern) const;
+
+private:
+    // The spreadsheet formats of the last pattern, made once for all the rows.
+    mutable std::string sheetPattern_;
+    mutable std::shared_ptr<const std::string> sheetNumber_, sheetDate_;
 };
 
 // The band-relative top and bottom of a drawing operation, and the operation moved.

@@ -1,6 +1,7 @@
 #pragma once
 
 #include <cstdint>
+#include <memory>
 #include <string>
 #include <variant>
 #include <vector>
@@ -37,6 +38,21 @@ struct Font {
 
 enum class Align { Left, Center, Right };
 
+// Which kind of band printed a text, as a spreadsheet of the report sorts them: the column
+// headings, the lines of the detail, group and summary bands, and the rest (titles, page headers
+// and footers) that a sheet leaves out.
+enum class RowKind : std::uint8_t { None, Heading, Detail, Group, Summary };
+
+// What a spreadsheet cell of a printed text holds: the text, or the number or date it shows.
+struct CellValue {
+    enum class Kind : std::uint8_t { Text, Number, Date };
+    Kind kind = Kind::Text;
+    RowKind row = RowKind::None;
+    double value = 0; // a date counts days from 30 December 1899
+    // The spreadsheet's number or date format; shared by every text of one print object.
+    std::shared_ptr<const std::string> format;
+};
+
 // One line of text, already fitted and aligned by the engine: `x` and `baseline` place it; `box`
 // and `align` say where the designer put it, which the plain-text renderer uses to place the
 // characters on its grid.
@@ -48,6 +64,7 @@ struct TextOp {
     std::string text; // UTF-8
     double x = 0;
     double baseline = 0;
+    CellValue cell;
 };
 
 struct LineOp {

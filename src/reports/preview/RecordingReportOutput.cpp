@@ -42,8 +42,10 @@ void RecordingReportOutput::PrintPages(const ReportDocument& document, const Pri
 }
 
 std::optional<std::string> RecordingReportOutput::SaveFileName(const std::string& title,
-                                                               const std::string& defaultName) {
-    calls_.push_back("SaveFileName " + title + "|" + defaultName);
+                                                               const std::string& defaultName,
+                                                               const std::string& filter) {
+    calls_.push_back("SaveFileName " + title + "|" + defaultName +
+                     (filter.empty() ? "" : "|" + filter));
     if (saveAnswers_.empty()) throw ui::ScriptError("The save dialog opened with no answer given");
     std::optional<std::string> answer = saveAnswers_.front();
     saveAnswers_.pop_front();

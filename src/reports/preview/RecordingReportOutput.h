@@ -36,12 +36,14 @@ public:
     const std::vector<PrintRequest>& Requests() const { return requests_; }
     const std::vector<int>& PrintedPages() const { return printedPages_; }
     std::size_t PendingAnswers() const { return printAnswers_.size() + saveAnswers_.size(); }
+    std::size_t PendingSaveAnswers() const { return saveAnswers_.size(); }
     void Clear();
 
     bool PrintDialog(PrintRequest& request) override;
     void PrintPages(const ReportDocument& document, const PrintJob& job) override;
     std::optional<std::string> SaveFileName(const std::string& title,
-                                            const std::string& defaultName) override;
+                                            const std::string& defaultName,
+                                            const std::string& filter = {}) override;
 
 private:
     std::deque<std::optional<PrintChoice>> printAnswers_;

@@ -38,9 +38,12 @@ public:
     virtual bool PrintDialog(PrintRequest& request) = 0;
     // Prints the job's pages of document, in order.
     virtual void PrintPages(const ReportDocument& document, const PrintJob& job) = 0;
-    // Asks for the name of a file to write; nothing when the person cancelled.
+    // Asks for the name of a file to write; nothing when the person cancelled. The filter names
+    // the kinds of file offered ("Excel files (*.xlsx)|*.xlsx|Text files (*.txt)|*.txt"); with
+    // none, the kind of the default name.
     virtual std::optional<std::string> SaveFileName(const std::string& title,
-                                                    const std::string& defaultName) = 0;
+                                                    const std::string& defaultName,
+                                                    const std::string& filter = {}) = 0;
 
     // The output every preview uses from now on; null puts back the recorder the program starts
     // with, which answers no dialog until told how to.

@@ -1,5 +1,6 @@
 #include "reports/preview/TfrmPreview.h"
 
+#include "reports/export/ReportWorkbook.h"
 #include "reports/preview/ReportOutput.h"
 #include "reports/render/PdfWriter.h"
 #include "ui/Application.h"
@@ -21,14 +22,14 @@ constexpr int ZoomStep = 10;
 constexpr int StartZoom = 100;
 
 // The report's title as a file name, without the characters file systems refuse.
-std::string PdfFileName(const std::string& title) {
+std::string ReportFileName(const std::string& title, const std::string& extension) {
     std::string name;
     for (char ch : title)
         name += std::string_view("\\/:*?\"<>|").find(ch) == std::string_view::npos &&
                         static_cast<unsigned char>(ch) >= 0x20
                     ? ch
                     : '_';
-    return (name.empty() ? std::string("Report") : name) + ".pdf";
+    return (name.empty() ? std::string("Report") : name) + extension;
 }
 
 // Several previews may be open, and form names are unique: the second is "frmPreview_1".
@@ -65,15 +66,16 @@ TfrmPreview::TfrmPreview(ui::Application& app, std::shared_ptr<ReportDocument> d
     btnLast.OnClick = [this] { ShowPage(Document().PageCount()); };
     btnPrint.OnClick = [this] { PrintClick(); };
     btnPDF.OnClick = [this] { PdfClick(); };
+    btnExcel.OnClick = [this] { ExcelClick(); };
     btnClose.OnClick = [this] { Close(); };
 
     // The layout's outer row lets the page take all the room the window has.
     SetLayout(Row{Column{Row{btnFirst, btnPrevious, btnNext, btnLast, panelPageNumber, SpinEdit1,
-                             Stretch{}, btnPrint, btnPDF, btnClose},
+                             Stretch{}, btnPrint, btnPDF, btnExcel, btnClose},
                          pageView}});
     // The page takes the keys first, so that they scroll it rather than change the zoom.
     SetTabOrder({&pageView, &btnFirst, &btnPrevious, &btnNext, &btnLast, &SpinEdit1, &btnPrint,
-                 &btnPDF, &btnClose});
+                 &btnPDF, &btnExcel, &btnClose});
     PlaceWindow(landscape);
 
     OnCloseQuery = [this](bool& canClose) { FormCloseQuery(canClose); };
@@ -130,7 +132,8 @@ void TfrmPreview::ShowPageState() {
                                   : "Page " + std::to_string(page) + " of " + std::to_string(count);
     btnFirst.Enabled = btnPrevious.Enabled = page > 1;
     btnNext.Enabled = btnLast.Enabled = page < count;
-    btnPrint.Enabled = btnPDF.Enabled = count > 0;
+    // A report still being made exports what it has so far only when asked again later.
+    btnPrint.Enabled = btnPDF.Enabled = btnExcel.Enabled = count > 0;
 }
 
 void TfrmPreview::PrintClick() {
@@ -171,11 +174,21 @@ void TfrmPreview::PrintClick() {
 
 void TfrmPreview::PdfClick() {
     if (Document().PageCount() == 0) return;
-    std::optional<std::string> path =
-        ReportOutput::Current().SaveFileName("Export to PDF", PdfFileName(Document().title));
+    std::optional<std::string> path = ReportOutput::Current().SaveFileName(
+        "Export to PDF", ReportFileName(Document().title, ".pdf"));
     if (!path) return;
     ui::WaitCursor wait(App());
     WritePdf(Document(), *path);
+}
+
+void TfrmPreview::ExcelClick() {
+    if (Document().PageCount() == 0) return;
+    std::optional<std::string> path = ReportOutput::Current().SaveFileName(
+        "Export to Excel", ReportFileName(Document().title, ".xlsx"),
+        "Excel files (*.xlsx)|*.xlsx");
+    if (!path) return;
+    ui::WaitCursor wait(App());
+    WriteWorkbook(Document(), *path);
 }
 
 void TfrmPreview::FormCloseQuery(bool& canClose) {

@@ -31,6 +31,7 @@ public:
     ui::SpinEdit SpinEdit1{*this, "SpinEdit1"};
     ui::Button btnPrint{*this, "btnPrint", "P&rint..."};
     ui::Button btnPDF{*this, "btnPDF", "P&DF..."};
+    ui::Button btnExcel{*this, "btnExcel", "E&xcel..."};
     ui::Button btnClose{*this, "btnClose", "&Close"};
     ReportPageView pageView{*this, "pageView"};
 
@@ -49,6 +50,7 @@ private:
     void ShowPageState();
     void PrintClick();
     void PdfClick();
+    void ExcelClick();
     void FormCloseQuery(bool& canClose);
 
     std::shared_ptr<ReportDocument> document_;

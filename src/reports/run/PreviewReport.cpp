@@ -1,6 +1,7 @@
 #include "reports/run/PreviewReport.h"
 
 #include "core/Exception.h"
+#include "reports/export/ReportWorkbook.h"
 #include "reports/page/ReportDocument.h"
 #include "reports/preview/PrinterCheck.h"
 #include "reports/preview/TfrmPreview.h"
@@ -47,6 +48,11 @@ int ReportToFile(TrptBase& report, ReportFileKind kind, const std::string& path)
     if (kind == ReportFileKind::Pdf) {
         report.QuickReport.Prepare(document);
         WritePdf(document, path);
+        return document.PageCount();
+    }
+    if (kind == ReportFileKind::Workbook) {
+        report.QuickReport.Prepare(document);
+        WriteWorkbook(document, path);
         return document.PageCount();
     }
     report.QuickReport.Prepare(document);

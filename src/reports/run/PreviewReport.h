@@ -17,8 +17,9 @@ class TrptBase;
 // a report with no rows shows nothing, unless it prints when empty.
 void PreviewReport(ui::Application& app, std::unique_ptr<TrptBase> report);
 
-// The whole report into a file without a preview, for the command line: PDF, or plain text.
-enum class ReportFileKind { Pdf, Text };
+// The whole report into a file without a preview, for the command line: PDF, plain text, or an
+// Excel workbook of its lines.
+enum class ReportFileKind { Pdf, Text, Workbook };
 // Returns the number of pages written.
 int ReportToFile(TrptBase& report, ReportFileKind kind, const std::string& path);
 

@@ -54,6 +54,7 @@ void ListForm::Init() {
 
     mnuExit.OnClick = [this] { Close(); };
     mnuPrint.OnClick = [this] { Print(); };
+    mnuExport.OnClick = [this] { Export(); };
     mnuNew.OnClick = popNew.OnClick = [this] { NewRecord(); };
     mnuEdit.OnClick = popEdit.OnClick = [this] { EditRecord(); };
     mnuDelete.OnClick = popDelete.OnClick = [this] { DeleteRecord(); };
@@ -69,6 +70,7 @@ void ListForm::Init() {
     // themselves.
     mnuFind.Visible = false;
     mnuOutstanding.Visible = false;
+    mnuExport.Visible = false;
     // The subclass adds its columns in its own constructor, after this one: the sizes that come
     // from them wait for the creation, which follows the construction.
     OnCreate = [this] { FitToColumns(); };

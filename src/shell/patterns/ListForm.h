@@ -67,6 +67,8 @@ public:
     ui::MainMenu mnuMain{*this};
     ui::MenuItem mnuFile{mnuMain, "mnuFile", "&File"};
     ui::MenuItem mnuPrint{mnuFile, "mnuPrint", "&Print...", "Ctrl+P"};
+    // Shown by the lists that export their rows to a spreadsheet or a text file.
+    ui::MenuItem mnuExport{mnuFile, "mnuExport", "&Export..."};
     ui::MenuItem mnuFileSep{mnuFile, "mnuFileSep", "-"};
     ui::MenuItem mnuExit{mnuFile, "mnuExit", "E&xit"};
     ui::MenuItem mnuRecords{mnuMain, "mnuRecords", "&Records"};
@@ -141,6 +143,8 @@ protected:
     // The list's report, through the printer the program registered under the list's name;
     // nothing for a list without one.
     virtual void Print();
+    // The list's rows to a file (reports::ExportList); nothing for a list without the command.
+    virtual void Export() {}
 
 private:
     struct SortEntry {
