@@ -1,6 +1,7 @@
 #include "company/sample/SampleCompany.h"
 
 #include "company/sample/RowWriter.h"
+#include "company/sample/SampleInvoices.h"
 #include "company/sample/SampleMasters.h"
 #include "company/sample/SampleVouchers.h"
 #include "company/wizard/StarterCompany.h"
@@ -136,6 +137,7 @@ SampleSummary GenerateSampleCompany(store::Database& db, const SampleShape& shap
     vouchers.WritePeriods(SampleVoucherWriter::Phase::ToBePosted);
     ledger::PostingRun(db).Run([](const std::string&) { return false; });
     vouchers.WritePeriods(SampleVoucherWriter::Phase::LeftUnposted);
+    WriteSampleInvoices(db, shape.FiscalYear);
 
     SampleSummary summary;
     summary.Vouchers = static_cast<int>(CountRows(db, "SELECT count(*) FROM main.JV"));
