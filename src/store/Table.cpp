@@ -3,6 +3,7 @@
 #include "store/Database.h"
 #include "store/FilterExpression.h"
 #include "store/LockManager.h"
+#include "store/NumberDraw.h"
 #include "store/Schema.h"
 #include "store/sql/Connection.h"
 
@@ -611,17 +612,26 @@ Table::Row Table::DoInsertRow(std::vector<Value>& values) {
     auto& conn = db_.Conn();
     bool autoInc = std::any_of(def_->Fields.begin(), def_->Fields.end(),
                                [](const FieldDef& f) { return f.Type == FieldType::AutoInc; });
+    const int drawn = drawnKey_.empty() ? -1 : def_->FieldIndex(drawnKey_);
+    const bool drawKey = drawn >= 0 && values[static_cast<std::size_t>(drawn)].IsNull();
+    // A key drawn as the highest + 1 is read and used under one write lock: its own transaction,
+    // unless a run's transaction holds the lock already.
+    const bool ownTransaction = drawKey && !conn.InTransaction();
     // A counter drawn for a row that is then refused must not be lost: both go or neither.
     // Inside a run's transaction a refused row only leaves a gap, which costs nothing, so the
     // savepoint is spared there.
-    bool savepoint = autoInc && !db_.InTransaction();
+    bool savepoint = autoInc && !ownTransaction && !db_.InTransaction();
     auto step = [&](const char* sql) {
         Statement& s = conn.Cached(sql);
         StatementRun run(s);
         s.Step();
     };
+    if (ownTransaction) conn.Exec("BEGIN IMMEDIATE");
     if (savepoint) step("SAVEPOINT corvane_insert");
     try {
+        if (drawKey)
+            values[static_cast<std::size_t>(drawn)] =
+                Value(DrawMaxPlusOne(db_, def_->Name, def_->Fields[drawn].Name));
         for (std::size_t i = 0; i < def_->Fields.size(); ++i) {
             const auto& f = def_->Fields[i];
             if (f.Type != FieldType::AutoInc) continue;
@@ -639,13 +649,16 @@ Table::Row Table::DoInsertRow(std::vector<Value>& values) {
         s.BindAll(values);
         s.Step();
         if (savepoint) step("RELEASE corvane_insert");
+        if (ownTransaction) conn.Exec("COMMIT");
     } catch (const EngineError& e) {
         if (savepoint) {
             step("ROLLBACK TO corvane_insert");
             step("RELEASE corvane_insert");
         }
+        if (ownTransaction && conn.InTransaction()) conn.Exec("ROLLBACK");
         for (std::size_t i = 0; i < def_->Fields.size(); ++i)
-            if (def_->Fields[i].Type == FieldType::AutoInc && Buffer()[i].IsNull())
+            if ((def_->Fields[i].Type == FieldType::AutoInc || static_cast<int>(i) == drawn) &&
+                Buffer()[i].IsNull())
                 values[i] = Value();
         FailWrite(e, "Unable to add a record to");
     }

@@ -36,6 +36,11 @@ public:
     bool Exists();
     const TableDef& Definition() const;
 
+    // The integer key field that a new row left empty takes as the highest key + 1, drawn inside
+    // the write transaction of the insert itself, so that two workstations never draw one id.
+    void SetDrawnKey(const std::string& field) { drawnKey_ = field; }
+    const std::string& DrawnKey() const { return drawnKey_; }
+
     // Empty selects the primary index. Keeps the current record.
     void SetIndexName(const std::string& name);
     const std::string& IndexName() const { return indexName_; }
@@ -120,6 +125,7 @@ private:
     std::string databaseName_;
     std::string schemaName_;
     bool exclusive_ = false;
+    std::string drawnKey_;
     std::unique_ptr<TableDef> def_;
     int slot_ = -1;
     std::string indexName_;
