@@ -23,10 +23,11 @@ CounterRepair StartWhenZero(std::int64_t start) {
     };
 }
 
-std::int64_t ControlRow::Take(const std::string& field, const CounterRepair& repair) {
+std::int64_t ControlRow::Take(const std::string& field, const CounterRepair& repair,
+                              std::int64_t count) {
     std::optional<std::int64_t> stored = Peek(field);
     std::int64_t value = repair ? repair(stored) : stored.value_or(0);
-    Put(field, value + 1);
+    Put(field, value + count);
     return value;
 }
 
@@ -45,7 +46,19 @@ Database& ControlRow::Db() const {
 }
 
 std::string ControlTableBusyMessage(const std::string& label) {
-    return "Unable to open " + label + " Control table exclusively...\rPlease try again later.";
+    return "Unable to open " + label + " Control table exclusively...\nPlease try again later.";
+}
+
+void BeginDrawTransaction(Database& db) {
+    constexpr int kBusyWaits = 6;
+    for (int wait = 1;; ++wait) {
+        try {
+            db.Conn().Exec("BEGIN IMMEDIATE");
+            return;
+        } catch (const EngineError& e) {
+            if (e.ErrorCode() != errTableLocked || wait == kBusyWaits) throw;
+        }
+    }
 }
 
 namespace {
@@ -55,7 +68,7 @@ namespace {
 class DrawTransaction {
 public:
     explicit DrawTransaction(Database& db) : conn_(db.Conn()), own_(!conn_.InTransaction()) {
-        if (own_) conn_.Exec("BEGIN IMMEDIATE");
+        if (own_) BeginDrawTransaction(db);
     }
     ~DrawTransaction() {
         if (!own_ || !conn_.InTransaction()) return;

@@ -34,8 +34,10 @@ public:
     explicit ControlRow(Table& table) : table_(table) {}
 
     // Hands out the counter (after the repair; a null counter without a repair is 0) and leaves
-    // it raised by one in the row.
-    std::int64_t Take(const std::string& field, const CounterRepair& repair = {});
+    // it raised by count in the row: a run that needs a block of numbers takes them at once, and
+    // a count of 0 only reads (and repairs) it.
+    std::int64_t Take(const std::string& field, const CounterRepair& repair = {},
+                      std::int64_t count = 1);
     // The counter as stored, without taking it; nothing when null.
     std::optional<std::int64_t> Peek(const std::string& field) const;
     // Writes a counter as it is (a repair that needs other tables, or a setting).
@@ -50,14 +52,15 @@ private:
 using ControlTake = std::function<void(ControlRow&)>;
 
 // How often a draw tries to have the control row before it gives up, and the pause between
-// attempts. Label names the table in the message to the user ("Customer", "Item").
+// attempts. Label names the table in the message to the user ("Customer", "Item"); a document
+// whose question is worded otherwise asks its own in askRetry.
 struct ControlRetry {
     std::string Label;
     int Attempts = 150;
     int PauseMs = 0;
 };
 
-// "Unable to open <label> Control table exclusively...\rPlease try again later."
+// "Unable to open <label> Control table exclusively...\nPlease try again later."
 std::string ControlTableBusyMessage(const std::string& label);
 
 // One round of attempts: opens the control table exclusively, edits its row (adding it when the
@@ -74,6 +77,11 @@ bool TryDrawFromControl(Database& db, const std::string& controlTable, const Con
 bool DrawFromControl(Database& db, const std::string& controlTable, const ControlRetry& retry,
                      const ControlTake& take,
                      const std::function<bool(const std::string& message)>& askRetry);
+
+// Starts the write transaction of a draw. Another workstation that writes row after row can hold
+// the write lock again and again while this one sleeps between its looks; the start is tried
+// for several of the session's busy waits before it fails with errTableLocked.
+void BeginDrawTransaction(Database& db);
 
 // The highest value of an integer key field + 1 (1 for an empty table), for a row about to be
 // saved. Must run inside the write transaction that saves the row (errTransaction otherwise):

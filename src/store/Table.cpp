@@ -626,7 +626,7 @@ Table::Row Table::DoInsertRow(std::vector<Value>& values) {
         StatementRun run(s);
         s.Step();
     };
-    if (ownTransaction) conn.Exec("BEGIN IMMEDIATE");
+    if (ownTransaction) BeginDrawTransaction(db_);
     if (savepoint) step("SAVEPOINT corvane_insert");
     try {
         if (drawKey)

@@ -1,6 +1,6 @@
 #include "VoucherFixture.h"
-#include "ledger/vouchers/VoucherNumbering.h"
-#include "ledger/vouchers/VoucherTexts.h"
+#include "ledger/domain/VoucherNumbering.h"
+#include "ledger/domain/VoucherTexts.h"
 
 using namespace corvane;
 using corvane::testing::VoucherTest;
@@ -12,9 +12,9 @@ using JVLines = VoucherTest;
 using JVForm = VoucherTest;
 
 TEST_F(JVNumbering, AFreshCompanyStartsAt1001AndTheLastNumberRestartsTheSeries) {
-    ledger::VoucherKeys first = ledger::TakeVoucherKeys(db_);
+    ledger::VoucherKeys first = ledger::TakeVoucherKeys(db_, {}).value();
     EXPECT_EQ(first.JVNumber, 1001);
-    ledger::VoucherKeys second = ledger::TakeVoucherKeys(db_);
+    ledger::VoucherKeys second = ledger::TakeVoucherKeys(db_, {}).value();
     EXPECT_EQ(second.JVNumber, 1002);
     EXPECT_EQ(second.JVID, first.JVID + 1);
     EXPECT_EQ(CountRows("JVCtl"), 1);

@@ -1,7 +1,7 @@
 #include "ledger/vouchers/JVImport.h"
 #include "VoucherFixture.h"
 #include "core/Exception.h"
-#include "ledger/vouchers/VoucherTexts.h"
+#include "ledger/domain/VoucherTexts.h"
 
 #include <fstream>
 

@@ -1,6 +1,6 @@
 #include "VoucherFixture.h"
 #include "ledger/LedgerForms.h"
-#include "ledger/vouchers/VoucherTexts.h"
+#include "ledger/domain/VoucherTexts.h"
 #include "shell/main/FormRegistry.h"
 
 using namespace corvane;

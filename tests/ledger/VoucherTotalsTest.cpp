@@ -1,6 +1,6 @@
-#include "ledger/vouchers/VoucherTotals.h"
-#include "ledger/vouchers/VoucherNumbering.h"
-#include "ledger/vouchers/VoucherTexts.h"
+#include "ledger/domain/VoucherTotals.h"
+#include "ledger/domain/VoucherNumbering.h"
+#include "ledger/domain/VoucherTexts.h"
 
 #include <gtest/gtest.h>
 

@@ -101,7 +101,7 @@ TEST_F(NumberDrawTest, AControlTableOpenElsewhereIsRetriedThenTheUserDecides) {
             return asked.size() < 2; // Retry once, then Cancel
         }));
     EXPECT_EQ(asked,
-              (std::vector<std::string>(2, "Unable to open Customer Control table exclusively...\r"
+              (std::vector<std::string>(2, "Unable to open Customer Control table exclusively...\n"
                                            "Please try again later.")));
     EXPECT_EQ(takes, 0);
     EXPECT_EQ(Stored("CustCtl", "NextCustomerID"), 10020);

@@ -2,7 +2,6 @@
 
 #include "core/Exception.h"
 #include "core/Text.h"
-#include "ledger/accounts/NextId.h"
 #include "shell/lookups/TdmLookUps.h"
 #include "ui/Layout.h"
 
@@ -78,6 +77,8 @@ std::span<const TfrmCurrency::ControlAccount> TfrmCurrency::ControlAccounts() {
 TfrmCurrency::TfrmCurrency(ui::Application& app, store::Database& db)
     : EntryForm(app, "frmCurrency", db, "Currency", "tblCurrency") {
     using namespace ui;
+    // A new currency's id follows the highest, drawn by the save itself.
+    EntryTable.SetDrawnKey("CurrencyID");
     EntryTable.FieldByName("CurrencyName").DisplayLabel = "Currency Name";
     EntryTable.FieldByName("ExchangeRate").DisplayLabel = "Exchange Rate";
     for (const ControlAccount& account : ControlAccounts()) {
@@ -155,10 +156,6 @@ void TfrmCurrency::BeforePostCurrency() {
             throw;
         }
     }
-    if (EntryTable.State() == store::DataSetState::Insert &&
-        EntryTable.FieldByName("CurrencyID").IsNull())
-        EntryTable.FieldByName("CurrencyID")
-            .SetAsInteger(ledger::NextId(EntryTable.OwnerDatabase(), "Currency", "CurrencyID"));
 }
 
 void TfrmCurrency::ShowCaption() {

@@ -3,7 +3,6 @@
 #include "core/Exception.h"
 #include "core/Text.h"
 #include "ledger/accounts/AccountTypes.h"
-#include "ledger/accounts/NextId.h"
 #include "ui/Application.h"
 #include "ui/Layout.h"
 
@@ -29,6 +28,8 @@ TfrmGLAccount::TfrmGLAccount(ui::Application& app, store::Database& db)
     : EntryForm(app, "frmGLAccount", db, "GLAccnt", "tblGLAccnt"),
       rgpAccountType(*this, "rgpAccountType", "Account Type", TypeItems(), EntryTable,
                      "AccountType", {"1", "2", "3", "4", "5"}) {
+    // A new account's hidden id follows the highest, drawn by the save itself.
+    EntryTable.SetDrawnKey("GLAccountID");
     using namespace ui;
     EntryTable.FieldByName("GLAccount").DisplayLabel = "Account no.";
     EntryTable.FieldByName("AccountName").DisplayLabel = "Account Name";
@@ -79,10 +80,6 @@ void TfrmGLAccount::BeforePostAccount() {
         if (required.Control.CanFocus()) required.Control.SetFocus();
         throw Exception("Field '" + field.Label() + "' must have a value");
     }
-    if (EntryTable.State() == store::DataSetState::Insert &&
-        EntryTable.FieldByName("GLAccountID").IsNull())
-        EntryTable.FieldByName("GLAccountID")
-            .SetAsInteger(NextId(EntryTable.OwnerDatabase(), "GLAccnt", "GLAccountID"));
 }
 
 void TfrmGLAccount::ShowState() {

@@ -2,7 +2,6 @@
 
 #include "core/Exception.h"
 #include "core/Text.h"
-#include "ledger/accounts/NextId.h"
 #include "ui/Layout.h"
 
 namespace corvane::ledger {
@@ -16,6 +15,8 @@ std::string SubAccountTable(int level) {
 TfrmGLAccountSub::TfrmGLAccountSub(ui::Application& app, store::Database& db)
     : EntryForm(app, "frmGLAccountSub", db, SubAccountTable(1), "tblGLAcSub") {
     using namespace ui;
+    // A new subaccount's hidden id follows the highest of its level, drawn by the save itself.
+    EntryTable.SetDrawnKey("SubAccountID");
     LabelFields();
     SetLayout(Column{
         FormRow{"Subaccount no.", editSubAccount},
@@ -62,11 +63,6 @@ void TfrmGLAccountSub::BeforePostSub() {
         if (required.Control.CanFocus()) required.Control.SetFocus();
         throw Exception("Field '" + field.Label() + "' must have a value");
     }
-    if (EntryTable.State() == store::DataSetState::Insert &&
-        EntryTable.FieldByName("SubAccountID").IsNull())
-        EntryTable.FieldByName("SubAccountID")
-            .SetAsInteger(
-                NextId(EntryTable.OwnerDatabase(), SubAccountTable(level_), "SubAccountID"));
 }
 
 void TfrmGLAccountSub::ShowCaption() {

@@ -8,7 +8,7 @@
 #include "ledger/reports/ListView.h"
 #include "ledger/reports/TrptGLHistory.h"
 #include "ledger/vouchers/TfrmJV.h"
-#include "ledger/vouchers/VoucherTexts.h"
+#include "ledger/domain/VoucherTexts.h"
 #include "reports/export/ListExport.h"
 #include "reports/run/PreviewReport.h"
 #include "ui/Application.h"

@@ -1,6 +1,6 @@
 #include "ledger/inquiry/VoucherLabels.h"
 
-#include "ledger/vouchers/VoucherTexts.h"
+#include "ledger/domain/VoucherTexts.h"
 #include "store/DataSet.h"
 
 namespace corvane::ledger {

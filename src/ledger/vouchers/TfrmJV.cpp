@@ -3,14 +3,15 @@
 #include "core/Date.h"
 #include "core/Exception.h"
 #include "core/Text.h"
+#include "ledger/domain/Voucher.h"
+#include "ledger/domain/VoucherNumbering.h"
+#include "ledger/domain/VoucherTexts.h"
 #include "ledger/periods/PeriodCheck.h"
 #include "ledger/periods/YearEntry.h"
 #include "ledger/posting/Unposting.h"
 #include "ledger/vouchers/JVImport.h"
 #include "ledger/vouchers/NumberBox.h"
 #include "ledger/vouchers/TfrmImportJVData.h"
-#include "ledger/vouchers/VoucherNumbering.h"
-#include "ledger/vouchers/VoucherTexts.h"
 #include "shell/main/TfrmCorvane.h"
 #include "store/EngineError.h"
 #include "store/Query.h"
@@ -89,19 +90,8 @@ TfrmJV::TfrmJV(ui::Application& app, store::Database& db)
     EntryTable.BeforeEdit = [this](store::DataSet&) {
         if (Posted()) RefusePosted();
     };
-    EntryTable.BeforePost = [this](store::DataSet&) {
-        if (!checked_) CheckBeforeSave();
-        BeginWrite();
-    };
-    EntryTable.OnPostError = [this](store::DataSet&, store::EngineError&, store::DataAction&) {
-        pending_.reset();
-    };
     EntryTable.BeforeCancel = [this](store::DataSet&) { DropNewLines(); };
     EntryTable.AfterPost = [this](store::DataSet&) {
-        if (pending_) {
-            pending_->Commit();
-            pending_.reset();
-        }
         copying_ = false;
         ShowCaption();
     };
@@ -147,7 +137,6 @@ TfrmJV::TfrmJV(ui::Application& app, store::Database& db)
 TfrmJV::~TfrmJV() {
     // The lines close first, while the tables their names and numbers come from still stand.
     tblJVDet.Close();
-    pending_.reset();
     store::Database& db = EntryTable.OwnerDatabase();
     try {
         if (db.Connected() && db.TableExists(store::Database::MemorySchema, linesTable_))
@@ -241,7 +230,14 @@ std::string TfrmJV::DescriptionShown(const store::Field& field) {
 }
 
 void TfrmJV::NewVoucher() {
-    VoucherKeys keys = TakeVoucherKeys(EntryTable.OwnerDatabase());
+    // A control table held elsewhere past every try: Cancel leaves no new voucher behind.
+    VoucherKeysTaken taken =
+        TakeVoucherKeys(EntryTable.OwnerDatabase(), [this](const std::string& message) {
+            return App().MessageDlg(message, ui::MsgType::Error, {ui::mbRetry, ui::mbCancel}) ==
+                   ui::mbRetry;
+        });
+    if (!taken) Abort();
+    const VoucherKeys keys = *taken;
     Period period = DefaultPeriod(CompanyPeriods::Read(EntryTable.OwnerDatabase()), Date::Today());
     EntryTable.FieldByName("JVID").SetAsInteger(keys.JVID);
     EntryTable.FieldByName("JVNumber").SetAsInteger(keys.JVNumber);
@@ -317,68 +313,31 @@ void TfrmJV::LoadSavedLines() {
     tblJVDet.First();
 }
 
-void TfrmJV::CheckRequiredFields() {
-    // What the post itself would refuse is refused before the lines are written.
-    for (const auto& field : EntryTable.Fields())
-        if (field->Required && field->IsNull() && field->DataType() != store::FieldType::AutoInc)
-            store::ThrowEngineError(store::errRequiredField,
-                                    "Field '" + field->Label() + "' must have a value");
-}
-
-void TfrmJV::BeginWrite() {
-    CheckRequiredFields();
-    pending_.emplace(EntryTable.OwnerDatabase(), std::vector<std::string>{"JV", "JVDet"});
-    try {
-        WriteLines();
-    } catch (...) {
-        pending_.reset();
-        throw;
-    }
-}
-
-void TfrmJV::WriteLines() {
-    store::Database& db = EntryTable.OwnerDatabase();
-    const store::Value& id = EntryTable.FieldByName("JVID").AsValue();
-    store::Query drop(db, "DELETE FROM JVDet WHERE JVID = :JVID");
-    drop.ParamByName("JVID").SetValue(id);
-    drop.ExecSQL();
-    store::Table lines(db, linesTable_);
-    lines.SetDatabaseName(std::string(store::Database::MemorySchema));
-    lines.Open();
-    store::Table saved(db, "JVDet");
-    saved.Open();
-    for (lines.First(); !lines.Eof(); lines.Next()) {
-        saved.Append();
-        for (const store::FieldDef& field : lines.Definition().Fields)
-            saved.FieldByName(field.Name).SetValue(lines.FieldByName(field.Name).AsValue());
-        saved.FieldByName("JVID").SetValue(id);
-        saved.Post();
-    }
-}
-
 void TfrmJV::Focus(ui::Control& control) {
     if (Visible() && control.CanFocus()) control.SetFocus();
 }
 
 void TfrmJV::CheckBeforeSave() {
-    CheckPeriod(App(), CompanyPeriods::Read(EntryTable.OwnerDatabase()),
-                Period{static_cast<int>(EntryTable.FieldByName("GLYear").AsInteger()),
-                       static_cast<int>(EntryTable.FieldByName("GLPeriod").AsInteger())},
-                &editPeriod);
-    if (TrimBlanks(EntryTable.FieldByName("TransDescription").AsString()).empty()) {
-        Focus(editDescription);
-        throw Exception(text::NoDescription);
+    const CompanyPeriods company = CompanyPeriods::Read(EntryTable.OwnerDatabase());
+    VoucherFacts facts;
+    facts.VoucherPeriod = {static_cast<int>(EntryTable.FieldByName("GLYear").AsInteger()),
+                           static_cast<int>(EntryTable.FieldByName("GLPeriod").AsInteger())};
+    facts.Description = EntryTable.FieldByName("TransDescription").AsString();
+    facts.HasLines = !tblJVDet.IsEmpty();
+    facts.Debits = totals_.Debits();
+    facts.Credits = totals_.Credits();
+    facts.Amount = EntryTable.FieldByName("JVAmount").AsMoney();
+    VoucherVerdict verdict = ValidateVoucher(company, facts);
+    if (verdict.Fault == VoucherFault::PeriodWarning) {
+        if (!ConfirmPeriodWarning(App(), verdict.Message, &editPeriod)) Abort();
+        verdict = ValidateVoucher(company, facts, true);
     }
-    auto refuse = [this](const char* message, bool appendLine) {
-        if (appendLine) tblJVDet.Append();
-        Focus(grdLines);
-        throw Exception(message);
-    };
-    if (tblJVDet.IsEmpty()) refuse(text::NoLines, false);
-    if (totals_.Debits().IsZero()) refuse(text::NoDebits, true);
-    if (totals_.Credits().IsZero()) refuse(text::NoCredits, true);
-    if (!totals_.Difference().IsZero()) refuse(text::OutOfBalance, false);
-    if (EntryTable.FieldByName("JVAmount").AsMoney().IsZero()) refuse(text::NoAmounts, false);
+    if (verdict.Ok()) return;
+    if (verdict.Fault == VoucherFault::PeriodRefused) Focus(editPeriod);
+    if (verdict.Fault == VoucherFault::NoDescription) Focus(editDescription);
+    if (verdict.WantsNewLine()) tblJVDet.Append();
+    if (verdict.InLines()) Focus(grdLines);
+    throw Exception(verdict.Message);
 }
 
 void TfrmJV::CheckLine() {
@@ -578,19 +537,14 @@ void TfrmJV::SaveVoucher() {
     if (!Editing(EntryTable)) return;
     // The checks stop on what the user typed: they run before the write lock is taken.
     CheckBeforeSave();
-    checked_ = true;
-    struct Unchecked {
-        bool& flag;
-        ~Unchecked() { flag = false; }
-    } unchecked{checked_};
+    // The lines are read through a cursor of their own: the grid stays where the user left it.
+    store::Table lines(EntryTable.OwnerDatabase(), linesTable_);
+    lines.SetDatabaseName(std::string(store::Database::MemorySchema));
+    lines.Open();
     try {
-        EntryTable.Post();
+        ledger::SaveVoucher(EntryTable, lines);
     } catch (const store::EngineError& e) {
-        pending_.reset();
         if (e.ErrorCode() == store::errKeyViolation) throw Exception(KeyViolationMessage());
-        throw;
-    } catch (...) {
-        pending_.reset();
         throw;
     }
     EntryTable.FlushBuffers();

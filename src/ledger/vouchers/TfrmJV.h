@@ -1,6 +1,6 @@
 #pragma once
 
-#include "ledger/vouchers/VoucherTotals.h"
+#include "ledger/domain/VoucherTotals.h"
 #include "shell/patterns/EntryForm.h"
 #include "store/Table.h"
 #include "ui/Button.h"
@@ -98,14 +98,11 @@ private:
     void CreateLinesTable();
     void ClearLines();
     void LoadSavedLines();
-    void WriteLines();
     // The close question's work: the voucher and its lines.
     bool HasUnsavedWork() override;
     void DropUntouchedWork() override;
     void SaveWork() override { SaveVoucher(); }
     void DropWork() override;
-    void BeginWrite();
-    void CheckRequiredFields();
     void DeleteLine();
     void NewLine();
     void Unpost();
@@ -118,11 +115,7 @@ private:
     Money deletedAmount_;
     bool copying_ = false;
     bool closing_ = false;
-    // The save has run its checks before taking the write lock; the post must not repeat them.
-    bool checked_ = false;
     std::string linesTable_;
-    // The voucher's write, open from the lines being written until its row is.
-    std::optional<store::Transaction> pending_;
     // The number edit, reachable from the const hook that words a duplicate key.
     ui::DBEdit* const numberEdit_ = &editJVNumber;
     ui::FieldDataLink captionNumberLink_{EntryTable, "JVNumber", [this] { ShowCaption(); }};

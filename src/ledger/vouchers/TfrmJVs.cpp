@@ -1,6 +1,8 @@
 #include "ledger/vouchers/TfrmJVs.h"
 
 #include "core/Exception.h"
+#include "ledger/domain/Voucher.h"
+#include "ledger/domain/VoucherTexts.h"
 #include "ledger/inquiry/TfrmGLHistory.h"
 #include "ledger/inquiry/TfrmGLHistoryFilter.h"
 #include "ledger/inquiry/VoucherLabels.h"
@@ -10,7 +12,6 @@
 #include "ledger/vouchers/TfrmJV.h"
 #include "ledger/vouchers/TfrmJVsFilter.h"
 #include "ledger/vouchers/TfrmJVsFind.h"
-#include "ledger/vouchers/VoucherTexts.h"
 #include "reports/run/PreviewReport.h"
 #include "shell/main/TfrmCorvane.h"
 #include "store/Query.h"
@@ -46,13 +47,8 @@ TfrmJVs::TfrmJVs(ui::Application& app, store::Database& db, const shell::FormReg
     mnuPost.Visible = registry_ && registry_->Find("frmJVsPost");
     mnuHistory.Visible = registry_ && registry_->Find("frmGLHistory");
 
-    tblJV.BeforeDelete = [this](store::DataSet& ds) { ConfirmDelete(ds); };
-    tblJV.AfterDelete = [this](store::DataSet&) {
-        // The lines go with their voucher; a line without one would never be posted or seen.
-        store::Query drop(Db(), "DELETE FROM JVDet WHERE JVID = :JVID");
-        drop.ParamByName("JVID").SetValue(deletedId_);
-        drop.ExecSQL();
-    };
+    // A voucher and its lines go together, in one transaction.
+    mnuDelete.OnClick = popDelete.OnClick = [this] { RemoveVoucher(); };
     mnuEdit.OnClick = popEdit.OnClick = [this] { EditVoucher(); };
     mnuCopy.OnClick = [this] { CopyVoucher(); };
     mnuPost.OnClick = [this] { PostVouchers(); };
@@ -146,15 +142,16 @@ void TfrmJVs::EditVoucher() {
     form.Show();
 }
 
-void TfrmJVs::ConfirmDelete(store::DataSet& ds) {
-    std::string number = ds.FieldByName("JVNumber").AsString();
+void TfrmJVs::RemoveVoucher() {
+    if (tblJV.IsEmpty()) return;
+    std::string number = tblJV.FieldByName("JVNumber").AsString();
     if (App().MessageDlg("Delete JV '" + number + "'?", ui::MsgType::Confirmation,
                          {ui::mbYes, ui::mbNo}) != ui::mbYes)
         Abort();
-    std::string refusal = "Unable to delete JV '" + number + "'...\n";
-    if (ds.FieldByName("Source").AsString() != "GL") throw Exception(refusal + text::NotGLSource);
-    if (ds.FieldByName("Posted").AsBoolean()) throw Exception(refusal + text::AlreadyPosted);
-    deletedId_ = ds.FieldByName("JVID").AsValue();
+    std::string refusal = VoucherDeleteRefusal(tblJV);
+    if (!refusal.empty()) throw Exception(refusal);
+    DeleteVoucher(tblJV);
+    tblJV.FlushBuffers();
 }
 
 void TfrmJVs::CopyVoucher() {

@@ -48,7 +48,7 @@ protected:
 private:
     TfrmJV& VoucherForm();
     void AddListFields();
-    void ConfirmDelete(store::DataSet& ds);
+    void RemoveVoucher();
     void FollowVoucher(TfrmJV& form);
     void SortByTitle(ui::GridColumn& column);
     // Opens a form of the registry; false when nobody registered it.
@@ -56,7 +56,6 @@ private:
 
     const shell::FormRegistry* registry_;
     shell::TfrmCorvane* main_;
-    store::Value deletedId_;
 };
 
 } // namespace corvane::ledger

@@ -1,7 +1,7 @@
 #include "receivables/posting/InvoicePostingWriter.h"
 
 #include "ledger/posting/StatementColumns.h"
-#include "ledger/vouchers/VoucherNumbering.h"
+#include "ledger/domain/VoucherNumbering.h"
 #include "store/Database.h"
 #include "store/Value.h"
 #include "store/sql/Connection.h"

@@ -1,4 +1,4 @@
-#include "ledger/vouchers/VoucherTotals.h"
+#include "ledger/domain/VoucherTotals.h"
 
 #include "core/DisplayFormat.h"
 

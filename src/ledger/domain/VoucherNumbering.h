@@ -1,5 +1,9 @@
 #pragma once
 
+#include <functional>
+#include <optional>
+#include <string>
+
 namespace corvane::store {
 class Database;
 }
@@ -19,8 +23,14 @@ constexpr int kLastVoucherNumber = 10000000;
 // The number the control row offers next, brought back into the series when it strayed out.
 int VoucherNumberToUse(long long nextNumber);
 
+using VoucherKeysTaken = std::optional<VoucherKeys>;
+// Asked with the message when the control table stayed busy: true tries again.
+using RetryQuestion = std::function<bool(const std::string& message)>;
+
 // Takes the next id and number from the one row of JVCtl and writes the counters on at once, so
-// two users never get the same pair; a voucher that is cancelled keeps its number used up.
-VoucherKeys TakeVoucherKeys(store::Database& db);
+// two users never get the same pair; a voucher that is cancelled keeps its number used up. A run
+// that writes many vouchers takes `count` of each at once (the first pair comes back; 0 takes
+// none and only reads them). Nothing when the control table stayed busy and the user gave up.
+VoucherKeysTaken TakeVoucherKeys(store::Database& db, const RetryQuestion& askRetry, int count = 1);
 
 } // namespace corvane::ledger

@@ -1,4 +1,4 @@
-#include "ledger/vouchers/VoucherTexts.h"
+#include "ledger/domain/VoucherTexts.h"
 
 #include <cstdio>
 
