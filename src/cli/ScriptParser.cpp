@@ -86,8 +86,11 @@ void CheckWords(const ScriptLine& l) {
             throw ScriptSyntaxError(l.Number, "'company new' takes at most a folder");
         if (a[0] == "old" && a.size() != 3)
             throw ScriptSyntaxError(l.Number, "'company old' needs a folder and a version mark");
-        if (a[0] != "new" && a[0] != "open" && a[0] != "old")
-            throw ScriptSyntaxError(l.Number, "'company' is followed by 'new', 'open' or 'old', "
+        if (a[0] == "sample" && a.size() != 1)
+            throw ScriptSyntaxError(l.Number, "'company sample' takes nothing more");
+        if (a[0] != "new" && a[0] != "open" && a[0] != "old" && a[0] != "sample")
+            throw ScriptSyntaxError(l.Number, "'company' is followed by 'new', 'open', 'old' or "
+                                              "'sample', "
                                               "not '" +
                                                   a[0] + "'");
     } else if (l.Command == "key") {

@@ -5,6 +5,7 @@
 #include "cli/ScriptWords.h"
 #include "cli/ScriptWorkspace.h"
 #include "cli/demo/DemoForms.h"
+#include "company/sample/SampleCompany.h"
 #include "program/ProgramForms.h"
 #include "reports/preview/RecordingReportOutput.h"
 #include "reports/preview/TfrmPreview.h"
@@ -231,6 +232,14 @@ void ScriptRunner::State::Company(const ScriptLine& l) {
     if (l.Args[0] == "new") {
         folder = l.Args.size() == 2 ? baseDir / l.Args[1] : workspace.Root() / "company";
         store::tables::CreateCompanyDatabase(folder.string());
+    } else if (l.Args[0] == "sample") {
+        folder = workspace.Root() / "company";
+        store::tables::CreateCompanyDatabase(folder.string());
+        store::Session session;
+        store::Database db(session);
+        db.SetDirectory(folder.string());
+        db.Open();
+        company::GenerateSampleCompany(db);
     } else {
         folder = baseDir / l.Args[1];
     }

@@ -92,7 +92,7 @@ TEST(ScriptParser, WordsWithAFixedMeaningAreCheckedBeforeRunning) {
     EXPECT_EQ(ErrorOf("select gridA 2x"), "line 1: '2x' is not a row number");
     EXPECT_EQ(ErrorOf("check chkA yes"), "line 1: 'check' is followed by on or off, not 'yes'");
     EXPECT_EQ(ErrorOf("company make"),
-              "line 1: 'company' is followed by 'new', 'open' or 'old', not 'make'");
+              "line 1: 'company' is followed by 'new', 'open', 'old' or 'sample', not 'make'");
     EXPECT_EQ(ErrorOf("expect colour btnA"), "line 1: Unknown expectation 'expect colour'");
     EXPECT_EQ(ErrorOf("expect row gridA Name"),
               "line 1: 'expect row' wants COLUMN=VALUE, found 'Name'");

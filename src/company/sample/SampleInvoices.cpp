@@ -46,9 +46,13 @@ std::vector<Stock> Items(store::Database& db) {
     store::Query q(db, "SELECT ItemID, UnitPrice, TaxCodes FROM Item ORDER BY ItemID");
     q.Open();
     std::vector<Stock> items;
+    // Items without a price of their own (freight, labour) are priced on the line; the sample
+    // sells what has a price.
     for (q.First(); !q.Eof(); q.Next())
-        items.push_back({q.FieldByName("ItemID").AsInteger(), q.FieldByName("UnitPrice").AsMoney(),
-                         q.FieldByName("TaxCodes").AsString()});
+        if (!q.FieldByName("UnitPrice").IsNull())
+            items.push_back({q.FieldByName("ItemID").AsInteger(),
+                             q.FieldByName("UnitPrice").AsMoney(),
+                             q.FieldByName("TaxCodes").AsString()});
     return items;
 }
 

@@ -39,6 +39,8 @@ constexpr const char* PaidReadOnly =
 constexpr const char* OwingReadOnly =
     "Amount Owing is read-only...\n\nThe amount owing is calculated as the original invoice "
     "amount minus any payments and discount taken.";
+constexpr const char* MoneyFormat = "#,###,##0.00#;(#,###,##0.00#)";
+constexpr const char* PriceFormat = "#,###,##0.00###;(#,###,##0.00###)";
 constexpr const char* ShipToReadOnly =
     "Ship-to is read-only...\n\nShip-to name and address is specified on the customer.";
 
@@ -53,6 +55,8 @@ TfrmARInvoice::TfrmARInvoice(ui::Application& app, store::Database& db)
         t->Open();
     SetUpLines();
 
+    for (const char* money : {"InvoiceAmount", "PaidAmount", "Owing", "POSPmtAmount"})
+        EntryTable.FieldByName(money).DisplayFormat = MoneyFormat;
     editInvoiceDate.Bind(EntryTable, "InvoiceDate");
     editInvoiceDate.CalendarCaption = "Invoice Date";
     ledger::EnterYearAsTwoDigits(EntryTable.FieldByName("GLYear"),
@@ -183,6 +187,9 @@ void TfrmARInvoice::SetUpLines() {
     tblARInvDet.AddCalculatedField("ExtAmount", store::FieldType::Currency);
     tblARInvDet.Open();
     tblARInvDet.SetRange({Value(0)}, {Value(0)});
+    tblARInvDet.FieldByName("UnitPriceB4Disc").DisplayFormat = PriceFormat;
+    tblARInvDet.FieldByName("UnitPrice").DisplayFormat = MoneyFormat;
+    tblARInvDet.FieldByName("ExtAmount").DisplayFormat = MoneyFormat;
     store::Field& item = tblARInvDet.FieldByName("ItemID");
     item.DisplayLabel = "Item no.";
     item.OnGetText = [this](const store::Field& f, bool) -> std::string {

@@ -57,6 +57,9 @@ void TfrmARInvoices::AddListFields() {
         if (!date.IsNull()) ds.FieldByName("Age").SetAsInteger(Date::Today() - date.AsDate());
     };
     tblARInv.Open();
+    tblARInv.FieldByName("InvoiceDate").DisplayFormat = "dd mmm yy";
+    for (const char* money : {"InvoiceAmount", "Owing"})
+        tblARInv.FieldByName(money).DisplayFormat = "#,###,##0.00#;(#,###,##0.00#)";
 }
 
 std::string TfrmARInvoices::CaptionNow() const {
