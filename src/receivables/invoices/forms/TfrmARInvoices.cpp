@@ -17,10 +17,10 @@ TfrmARInvoices::TfrmARInvoices(ui::Application& app, store::Database& db,
       registry_(registry), main_(main), tblCustomer(db, "Customer") {
     tblCustomer.Open();
     AddListFields();
-    grdList.AddColumn("InvoiceDate", "Date", 72);
-    grdList.AddColumn("Periodppyyyy", "Period", 60);
-    grdList.AddColumn("Age", "Age", 40);
-    grdList.AddColumn("CustomerNo", "Customer no.", 80);
+    grdList.AddColumn("InvoiceDate", "Date", 90);
+    grdList.AddColumn("Periodppyyyy", "Period", 70);
+    grdList.AddColumn("Age", "Age", 50);
+    grdList.AddColumn("CustomerNo", "Customer no.", 100);
     grdList.AddColumn("CustomerName", "Name", 180);
     grdList.AddColumn("InvoiceNo", "Invoice no.", 80);
     grdList.AddColumn("Description", "Description", 180);
