@@ -34,6 +34,7 @@ void RegisterReceivablesForms(shell::FormRegistry& registry) {
     registry.Register("frmCustomers", [&registry](shell::FormContext& ctx) -> ui::Form& {
         auto& list = ctx.App.SingleForm<TfrmCustomers>(ctx.Db, LookUpsFor(ctx));
         list.OpenListForm = ListOpener(registry, ctx);
+        list.OpenCustomerList = banking::FilteredOpener(registry, ctx);
         list.MapService = ctx.Main ? ctx.Main->Settings().ReadString("General", "MapService",
                                                                      "https://www.google.com")
                                    : "https://www.google.com";

@@ -58,6 +58,29 @@ TfrmCustomers::TfrmCustomers(ui::Application& app, store::Database& db, shell::T
     };
     popMap.OnClick = [this] { App().Desktop().OpenUrl(MapService + "/maps?q=" + MapAddress()); };
     popCopyAddress.OnClick = [this] { App().Desktop().SetClipboardText(ClipboardAddress()); };
+    struct CustomerList {
+        ui::MenuItem* Item;
+        const char* Form;
+        const char* Right;
+        const char* OpenTerm;
+    };
+    for (CustomerList each :
+         {CustomerList{&mnuInvoices, "frmARInvoices", "ARInvoices", "Owing <> 0"},
+          CustomerList{&mnuPayments, "frmARPayments", "ARPayments", "Reconciled <> true"},
+          CustomerList{&mnuJobs, "frmJobs", "Jobs", "Completed = false"},
+          CustomerList{&mnuTimeSheets, "frmTimeSheets", "TimeSheets", "InvoiceNo = null"},
+          CustomerList{&mnuSalesHistory, "frmSalesHistory", "SalesHistory", ""}}) {
+        each.Item->OnClick = [this, each] {
+            if (!OpenCustomerList || tblCustomer.IsEmpty()) return;
+            const std::string customer =
+                "(CustomerID = " +
+                std::to_string(tblCustomer.FieldByName("CustomerID").AsInteger()) + ")";
+            const std::string openOnly =
+                *each.OpenTerm ? customer + " AND (" + each.OpenTerm + ")" : customer;
+            OpenCustomerList(each.Form, each.Right, customer, openOnly);
+        };
+    }
+    mnuEmailAll.OnClick = [this] { EmailAll(); };
     tblCustomer.BeforeDelete = [this](store::DataSet&) { BeforeDeleteCustomer(); };
     mnuSortCustomerName.Click();
 }
@@ -80,6 +103,27 @@ shell::FilterForm* TfrmCustomers::Filter() {
 shell::SearchForm* TfrmCustomers::Search() {
     if (!search_) search_ = &App().SingleForm<TfrmCustomerSearch>(Db());
     return search_;
+}
+
+std::string TfrmCustomers::AllEMailAddresses() {
+    std::string addresses;
+    const std::vector<store::Value> at = CurrentKey();
+    tblCustomer.DisableControls();
+    for (tblCustomer.First(); !tblCustomer.Eof(); tblCustomer.Next())
+        Join(addresses, tblCustomer.FieldByName("EMail").AsString(), "; ");
+    if (!at.empty()) tblCustomer.Locate(KeyFields(), at);
+    tblCustomer.EnableControls();
+    return addresses;
+}
+
+void TfrmCustomers::EmailAll() {
+    const std::string addresses = AllEMailAddresses();
+    // Beyond this a mail program refuses the address line.
+    constexpr std::size_t kLongestMailto = 200001;
+    if (addresses.size() + 15 > kLongestMailto)
+        throw Exception("Email feature could not run because there are too many email "
+                        "addresses...\n\nTry filtering the list.");
+    App().Desktop().OpenMail("mailto:?cc=&bcc=" + addresses);
 }
 
 std::string TfrmCustomers::MapAddress() {

@@ -26,6 +26,13 @@ public:
     store::Table tblCBalance;
     ui::MenuItem& mnuSortCustomerNo;
     ui::MenuItem& mnuSortCustomerName;
+    ui::MenuItem mnuRecordsSep{mnuRecords, "mnuRecordsSep", "-"};
+    ui::MenuItem mnuInvoices{mnuRecords, "mnuInvoices", "&Invoices"};
+    ui::MenuItem mnuPayments{mnuRecords, "mnuPayments", "&Payments"};
+    ui::MenuItem mnuJobs{mnuRecords, "mnuJobs", "&Jobs"};
+    ui::MenuItem mnuTimeSheets{mnuRecords, "mnuTimeSheets", "&Time Sheets"};
+    ui::MenuItem mnuSalesHistory{mnuRecords, "mnuSalesHistory", "Sales &History"};
+    ui::MenuItem mnuEmailAll{mnuFile, "mnuEmailAll", "E&mail All"};
     ui::MenuItem popSep{popList, "popSep", "-"};
     ui::MenuItem popPhone{popList, "popPhone", "&Phone"};
     ui::MenuItem popEMail{popList, "popEMail", "E-&Mail"};
@@ -37,6 +44,16 @@ public:
     std::string MapService;
     // Opens a list form of the program by name after checking the user's right to it.
     std::function<void(std::string_view form, std::string_view right)> OpenListForm;
+
+    // Opens another list on the current customer's rows (set by whoever makes the list).
+    std::function<void(std::string_view form, std::string_view right, const std::string& filter,
+                       const std::string& openFilter)>
+        OpenCustomerList;
+
+    // Every e-mail address of the rows shown, joined by "; ", for one message to them all;
+    // refused when there are too many for a mail program to take.
+    std::string AllEMailAddresses();
+    void EmailAll();
 
     // What the pop-up commands hand to the desktop, for the current customer.
     std::string MapAddress();
