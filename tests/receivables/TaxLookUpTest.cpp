@@ -1,4 +1,7 @@
 #include "receivables/taxes/TaxLookUp.h"
+#include "receivables/taxes/TaxRecord.h"
+
+#include "core/Date.h"
 
 #include "store/Query.h"
 #include "store/tables/CompanyTables.h"
@@ -81,4 +84,23 @@ TEST_F(TaxLookUpTest, ADocumentKeepsItsCopiedRateAfterTheTaxChanges) {
     const DocumentTax orphan = TaxFromDocumentCopy(db_, 2, "P", 8.0);
     EXPECT_EQ(orphan.Code, "P");
     EXPECT_FALSE(orphan.Description);
+}
+
+TEST_F(TaxLookUpTest, ATaxNamedByACustomerOrAnInvoiceStays) {
+    EXPECT_EQ(TaxInUse(db_, 2), "");
+    InsertRow("ARInv", {{"ARInvoiceID", 1},
+                        {"CustomerID", 10},
+                        {"InvoiceNo", "1"},
+                        {"InvoiceDate", Date::FromYmd(2017, 1, 5)},
+                        {"InvoiceAmount", Money()},
+                        {"GLPeriod", 1},
+                        {"GLYear", 2017},
+                        {"Printed", false},
+                        {"Posted", false},
+                        {"Tax2ID", 2}});
+    EXPECT_EQ(TaxInUse(db_, 2), "Invoice(s) exist for this tax");
+    AddCustomer(10, "", "");
+    EXPECT_EQ(TaxInUse(db_, 2), "Customer(s) exist for this tax");
+    EXPECT_EQ(TaxDeleteRefusal("PST", TaxInUse(db_, 2)),
+              "Unable to delete tax 'PST'...\nCustomer(s) exist for this tax");
 }
