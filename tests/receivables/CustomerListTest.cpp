@@ -1,9 +1,13 @@
 #include "receivables/customers/TfrmCustomers.h"
 
 #include "core/Exception.h"
+#include "reports/preview/RecordingReportOutput.h"
 #include "shell/lookups/TdmLookUps.h"
 #include "ui/FormDriver.h"
 #include "ui/HeadlessApp.h"
+
+#include <fstream>
+#include <sstream>
 
 using namespace corvane;
 using namespace corvane::receivables;
@@ -68,4 +72,29 @@ TEST_F(CustomerListTest, MapClipboardAndMailTakeTheAddressPartsThatAreSet) {
     list.tblCustomer.SetFilter("CustomerID = 3");
     list.tblCustomer.SetFiltered(true);
     EXPECT_EQ(list.AllEMailAddresses(), "cedar@example.com");
+}
+
+TEST_F(CustomerListTest, ExportForLabelsWritesTheAddressesOfTheRowsShownQuoted) {
+    AddCustomer(1, "Aspen \"The\" Homes", "12 Lakeshore Drive", "", "Toronto", "ON", "M5V 2T6", "");
+    AddCustomer(2, "Birch Lumber", "88 Mill Road", "Unit 4", "Kingston", "", "K7K 1A1", "");
+    TfrmCustomers& list = List();
+    reports::RecordingReportOutput output;
+    reports::ReportOutput::Install(&output);
+    const std::string path = folder_.Path() + "/labels.txt";
+    output.AnswerSaveFile(path);
+    ui::FormDriver d(list);
+    d.SelectRow("grdList", 1);
+    d.Click("mnuExport");
+    reports::ReportOutput::Install(nullptr);
+    std::ifstream in(path);
+    std::stringstream text;
+    text << in.rdbuf();
+    EXPECT_EQ(text.str(),
+              "\"Customer no.\",\"Contact\",\"Customer name\",\"Address line 1\","
+              "\"Address line 2\",\"City\",\"Province\",\"Postal code\",\"Country\"\r\n"
+              "\"1\",,\"Aspen \"\"The\"\" Homes\",\"12 Lakeshore Drive\",,\"Toronto\",\"ON\","
+              "\"M5V 2T6\",\"Canada\"\r\n"
+              "\"2\",,\"Birch Lumber\",\"88 Mill Road\",\"Unit 4\",\"Kingston\",,\"K7K 1A1\","
+              "\"Canada\"\r\n");
+    EXPECT_EQ(list.tblCustomer.FieldByName("CustomerID").AsInteger(), 2);
 }

@@ -7,9 +7,12 @@
 #include "receivables/customers/TfrmCustomersFilter.h"
 #include "receivables/domain/CustomerRecord.h"
 #include "receivables/masters/FieldActionButton.h"
+#include "reports/export/ListExport.h"
+#include "reports/preview/ReportOutput.h"
 #include "shell/lookups/LookUpCalcFields.h"
 #include "shell/lookups/TdmLookUps.h"
 #include "ui/Application.h"
+#include "ui/WaitCursor.h"
 
 namespace corvane::receivables {
 
@@ -81,6 +84,8 @@ TfrmCustomers::TfrmCustomers(ui::Application& app, store::Database& db, shell::T
         };
     }
     mnuEmailAll.OnClick = [this] { EmailAll(); };
+    mnuExport.Caption = "Export for &labels...";
+    mnuExport.Visible = true;
     tblCustomer.BeforeDelete = [this](store::DataSet&) { BeforeDeleteCustomer(); };
     mnuSortCustomerName.Click();
 }
@@ -103,6 +108,30 @@ shell::FilterForm* TfrmCustomers::Filter() {
 shell::SearchForm* TfrmCustomers::Search() {
     if (!search_) search_ = &App().SingleForm<TfrmCustomerSearch>(Db());
     return search_;
+}
+
+void TfrmCustomers::Export() {
+    const std::optional<std::string> path = reports::ReportOutput::Current().SaveFileName(
+        "Export for labels", "Customers.xlsx",
+        "Excel files (*.xlsx)|*.xlsx|Text files (*.txt)|*.txt");
+    if (!path) return;
+    // A mail-merge reads the text file as comma-separated, every value in quotes.
+    const reports::ListExport spec{"Customers",
+                                   {{"Customer no.", "CustomerNo"},
+                                    {"Contact", "Contact"},
+                                    {"Customer name", "CustomerName"},
+                                    {"Address line 1", "AddressLine1"},
+                                    {"Address line 2", "AddressLine2"},
+                                    {"City", "City"},
+                                    {"Province", "StateProv"},
+                                    {"Postal code", "ZipCode"},
+                                    {"Country", "Country"}},
+                                   ',',
+                                   true};
+    ui::WaitCursor wait(App());
+    const std::vector<store::Value> at = CurrentKey();
+    reports::ExportRows(tblCustomer, spec, *path);
+    if (!at.empty()) tblCustomer.Locate(KeyFields(), at);
 }
 
 std::string TfrmCustomers::AllEMailAddresses() {

@@ -63,6 +63,8 @@ protected:
     shell::EntryForm& Entry() override;
     shell::FilterForm* Filter() override;
     shell::SearchForm* Search() override;
+    // Export for labels: the address of every customer shown, to a workbook or a text file.
+    void Export() override;
 
 private:
     void BeforeDeleteCustomer();
