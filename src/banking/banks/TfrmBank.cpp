@@ -1,7 +1,6 @@
 #include "banking/banks/TfrmBank.h"
 
 #include "banking/domain/BankRecord.h"
-#include "banking/usage/KeyDraw.h"
 #include "banking/usage/RefusalFocus.h"
 #include "shell/lookups/TdmLookUps.h"
 #include "ui/Layout.h"
@@ -35,12 +34,13 @@ TfrmBank::TfrmBank(ui::Application& app, store::Database& db, shell::TdmLookUps&
                                              EntryTable.FieldByName("BankID").AsInteger()),
                      {});
     };
+    // A new row takes the highest key + 1, drawn in the transaction that saves it.
+    EntryTable.SetDrawnKey("BankID");
     EntryTable.BeforePost = [this](store::DataSet&) {
         RaiseRefusal(CheckBank(EntryTable.OwnerDatabase(), EntryTable),
                      {{"BankName", &editBankName},
                       {"CurrencyID", &cboCurrency},
                       {"BankGLAccountID", &editBankGLAccount}});
-        DrawKeyIfNew(EntryTable, "BankID");
     };
     EntryTable.AfterPost = [this](store::DataSet&) {
         if (LookUps) LookUps->RefreshIfOpen(shell::LookUp::Bank);

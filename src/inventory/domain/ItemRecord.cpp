@@ -3,6 +3,7 @@
 #include "banking/domain/RecordChecks.h"
 #include "banking/domain/RowUse.h"
 #include "store/Database.h"
+#include "store/NumberDraw.h"
 #include "store/Query.h"
 #include "store/Table.h"
 
@@ -91,23 +92,16 @@ void Exec(store::Database& db, const char* sql, std::int64_t id) {
 
 // One draw of the next pair from the control row.
 std::optional<ItemKeys> DrawOnce(store::Database& db, const AskRetry& askRetry) {
-    (void)askRetry;
-    store::Table ctl(db, "ItemCtl");
-    ctl.Open();
-    if (ctl.IsEmpty())
-        ctl.Append();
-    else
-        ctl.Edit();
     ItemKeys keys;
-    std::int64_t no = ctl.FieldByName("NextItemNo").AsInteger();
-    if (no < 1001 || no > 10000000) no = 1001;
-    keys.ItemNo = std::to_string(no);
-    ctl.FieldByName("NextItemNo").SetAsInteger(no + 1);
-    std::int64_t id = ctl.FieldByName("NextItemID").AsInteger();
-    if (id == 0) id = 10000;
-    keys.ItemID = id;
-    ctl.FieldByName("NextItemID").SetAsInteger(id + 1);
-    ctl.Post();
+    const bool drawn = store::DrawFromControl(
+        db, "ItemCtl", store::ControlRetry{"Item", 100, 1},
+        [&keys](store::ControlRow& row) {
+            keys.ItemNo =
+                std::to_string(row.Take("NextItemNo", store::RestartOutside(1001, 10000000, 1001)));
+            keys.ItemID = row.Take("NextItemID", store::StartWhenZero(10000));
+        },
+        askRetry);
+    if (!drawn) return std::nullopt;
     return keys;
 }
 

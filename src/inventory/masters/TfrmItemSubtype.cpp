@@ -1,6 +1,5 @@
 #include "inventory/masters/TfrmItemSubtype.h"
 
-#include "banking/usage/KeyDraw.h"
 #include "banking/usage/RefusalFocus.h"
 #include "inventory/domain/InventoryMasters.h"
 #include "shell/lookups/TdmLookUps.h"
@@ -20,10 +19,11 @@ TfrmItemSubtype::TfrmItemSubtype(ui::Application& app, store::Database& db)
         FormRow{"Item Type:", cboItemType},
         ButtonRow{btnOK, btnCancel},
     });
+    // A new row takes the highest key + 1, drawn in the transaction that saves it.
+    EntryTable.SetDrawnKey("ItemSubtypeID");
     EntryTable.BeforePost = [this](store::DataSet&) {
         banking::RaiseRefusal(CheckItemSubtype(EntryTable.OwnerDatabase(), EntryTable),
                               {{"SubtypeName", &editSubtypeName}, {"ItemTypeID", &cboItemType}});
-        banking::DrawKeyIfNew(EntryTable, "ItemSubtypeID");
     };
     EntryTable.AfterPost = [this](store::DataSet&) {
         if (LookUps) LookUps->RefreshIfOpen(shell::LookUp::ItemSubtype);

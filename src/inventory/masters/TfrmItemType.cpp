@@ -1,6 +1,5 @@
 #include "inventory/masters/TfrmItemType.h"
 
-#include "banking/usage/KeyDraw.h"
 #include "banking/usage/RefusalFocus.h"
 #include "inventory/domain/InventoryMasters.h"
 #include "shell/lookups/TdmLookUps.h"
@@ -20,9 +19,10 @@ TfrmItemType::TfrmItemType(ui::Application& app, store::Database& db)
         ButtonRow{btnOK, btnCancel},
     });
     EntryTable.OnNewRecord = [](store::DataSet& ds) { SetNewItemTypeDefaults(ds); };
+    // A new row takes the highest key + 1, drawn in the transaction that saves it.
+    EntryTable.SetDrawnKey("ItemTypeID");
     EntryTable.BeforePost = [this](store::DataSet&) {
         banking::RaiseRefusal(CheckItemType(EntryTable), {{"TypeName", &editTypeName}});
-        banking::DrawKeyIfNew(EntryTable, "ItemTypeID");
     };
     EntryTable.AfterPost = [this](store::DataSet&) {
         if (LookUps) LookUps->RefreshIfOpen(shell::LookUp::ItemType);

@@ -1,6 +1,5 @@
 #include "inventory/masters/TfrmWarehouse.h"
 
-#include "banking/usage/KeyDraw.h"
 #include "banking/usage/RefusalFocus.h"
 #include "inventory/domain/InventoryMasters.h"
 #include "shell/lookups/TdmLookUps.h"
@@ -12,9 +11,10 @@ TfrmWarehouse::TfrmWarehouse(ui::Application& app, store::Database& db)
     : EntryForm(app, "frmWarehouse", db, "Warehse", "tblWarehse") {
     using namespace ui;
     SetLayout(Column{FormRow{"Warehouse Name:", editWarehouseName}, ButtonRow{btnOK, btnCancel}});
+    // A new row takes the highest key + 1, drawn in the transaction that saves it.
+    EntryTable.SetDrawnKey("WarehouseID");
     EntryTable.BeforePost = [this](store::DataSet&) {
         banking::RaiseRefusal(CheckWarehouse(EntryTable), {{"WarehouseName", &editWarehouseName}});
-        banking::DrawKeyIfNew(EntryTable, "WarehouseID");
     };
     EntryTable.AfterPost = [this](store::DataSet&) {
         if (LookUps) LookUps->RefreshIfOpen(shell::LookUp::Warehse);

@@ -3,6 +3,7 @@
 #include "banking/domain/RecordChecks.h"
 #include "banking/domain/RowUse.h"
 #include "store/Database.h"
+#include "store/NumberDraw.h"
 #include "store/Query.h"
 #include "store/Table.h"
 
@@ -36,24 +37,16 @@ void Exec(store::Database& db, const char* sql, std::int64_t customerId) {
 } // namespace
 
 std::optional<CustomerKeys> DrawCustomerKeys(store::Database& db, const AskRetry& askRetry) {
-    // Edit locks the control row against other users for the moment of the draw.
-    (void)askRetry;
-    store::Table ctl(db, "CustCtl");
-    ctl.Open();
-    if (ctl.IsEmpty())
-        ctl.Append();
-    else
-        ctl.Edit();
     CustomerKeys keys;
-    std::int64_t no = ctl.FieldByName("NextCustomerNo").AsInteger();
-    if (no < 1001 || no > 10000000) no = 1001;
-    keys.CustomerNo = std::to_string(no);
-    ctl.FieldByName("NextCustomerNo").SetAsInteger(no + 1);
-    std::int64_t id = ctl.FieldByName("NextCustomerID").AsInteger();
-    if (id == 0) id = 10000;
-    keys.CustomerID = id;
-    ctl.FieldByName("NextCustomerID").SetAsInteger(id + 1);
-    ctl.Post();
+    const bool drawn = store::DrawFromControl(
+        db, "CustCtl", store::ControlRetry{"Customer", 150, 0},
+        [&keys](store::ControlRow& row) {
+            keys.CustomerNo = std::to_string(
+                row.Take("NextCustomerNo", store::RestartOutside(1001, 10000000, 1001)));
+            keys.CustomerID = row.Take("NextCustomerID", store::StartWhenZero(10000));
+        },
+        askRetry);
+    if (!drawn) return std::nullopt;
     return keys;
 }
 

@@ -1,6 +1,5 @@
 #include "receivables/masters/TfrmCusType.h"
 
-#include "banking/usage/KeyDraw.h"
 #include "banking/usage/RefusalFocus.h"
 #include "receivables/domain/MasterRecords.h"
 #include "shell/lookups/TdmLookUps.h"
@@ -12,9 +11,10 @@ TfrmCusType::TfrmCusType(ui::Application& app, store::Database& db)
     : EntryForm(app, "frmCusType", db, "CusType", "tblCusType") {
     using namespace ui;
     SetLayout(Column{FormRow{"Type Name:", editTypeName}, ButtonRow{btnOK, btnCancel}});
+    // A new row takes the highest key + 1, drawn in the transaction that saves it.
+    EntryTable.SetDrawnKey("CustomerTypeID");
     EntryTable.BeforePost = [this](store::DataSet&) {
         banking::RaiseRefusal(CheckCustomerType(EntryTable), {{"TypeName", &editTypeName}});
-        banking::DrawKeyIfNew(EntryTable, "CustomerTypeID");
     };
     EntryTable.AfterPost = [this](store::DataSet&) {
         if (LookUps) LookUps->RefreshIfOpen(shell::LookUp::CusType);

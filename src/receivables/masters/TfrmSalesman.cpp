@@ -1,6 +1,5 @@
 #include "receivables/masters/TfrmSalesman.h"
 
-#include "banking/usage/KeyDraw.h"
 #include "banking/usage/RefusalFocus.h"
 #include "receivables/domain/MasterRecords.h"
 #include "shell/lookups/LookUpCalcFields.h"
@@ -35,9 +34,10 @@ TfrmSalesman::TfrmSalesman(ui::Application& app, store::Database& db)
         FormRow{"Notes:", memNotes},
         ButtonRow{btnOK, btnCancel},
     });
+    // A new row takes the highest key + 1, drawn in the transaction that saves it.
+    EntryTable.SetDrawnKey("SalesmanID");
     EntryTable.BeforePost = [this](store::DataSet&) {
         banking::RaiseRefusal(CheckSalesman(EntryTable), {{"LastName", &editLastName}});
-        banking::DrawKeyIfNew(EntryTable, "SalesmanID");
     };
     EntryTable.AfterPost = [this](store::DataSet&) {
         if (LookUps) LookUps->RefreshIfOpen(shell::LookUp::Salesman);

@@ -1,6 +1,5 @@
 #include "receivables/masters/TfrmTax.h"
 
-#include "banking/usage/KeyDraw.h"
 #include "banking/usage/RefusalFocus.h"
 #include "receivables/taxes/TaxRecord.h"
 #include "shell/lookups/TdmLookUps.h"
@@ -28,6 +27,8 @@ TfrmTax::TfrmTax(ui::Application& app, store::Database& db)
         FormRow{"GL Account:", Row{editTaxGLAccount, editTaxGLAccountName}},
         ButtonRow{btnOK, btnCancel},
     });
+    // A new row takes the highest key + 1, drawn in the transaction that saves it.
+    EntryTable.SetDrawnKey("TaxID");
     EntryTable.BeforePost = [this](store::DataSet&) { BeforePostTax(); };
     EntryTable.AfterPost = [this](store::DataSet&) {
         if (LookUps) LookUps->RefreshIfOpen(shell::LookUp::Tax);
@@ -42,7 +43,6 @@ void TfrmTax::BeforePostTax() {
                            {"TaxDescription", &editTaxDescription},
                            {"Rate", &editRate},
                            {"TaxGLAccountID", &editTaxGLAccount}});
-    banking::DrawKeyIfNew(EntryTable, "TaxID");
 }
 
 void TfrmTax::ShowCaption() {
