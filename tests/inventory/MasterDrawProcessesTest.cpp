@@ -40,12 +40,13 @@ TEST_F(MasterDrawProcessesTest,
         adders.push_back(std::make_unique<tests::ChildProcess>(
             CORVANE_MASTER_ADDER,
             std::vector<std::string>{folder_.Path(), start, std::to_string(kEach)}));
-        ASSERT_TRUE(adders.back()->WaitForLine("ready"));
+        ASSERT_TRUE(adders.back()->WaitForLine("ready", std::chrono::milliseconds(60000)))
+            << adders.back()->Output();
     }
     std::ofstream(start) << "go";
     for (auto& adder : adders) {
         auto line = adder->ReadLine(std::chrono::milliseconds(240000));
-        ASSERT_TRUE(line);
+        ASSERT_TRUE(line) << adder->Output();
         EXPECT_EQ(*line, "added 200 200") << adder->Output();
         auto status = adder->Wait(std::chrono::milliseconds(10000));
         ASSERT_TRUE(status && status->exited);
