@@ -23,8 +23,9 @@ struct DrawPatience {
     int PauseMs = 1000;
 };
 
-// Takes the next id and number from the one row of ARInvCtl, held exclusively for the moment of
-// the draw, and writes both counters on at once. A number outside 1..10000000 starts the series
+// Takes the next id and number from the one row of ARInvCtl through the store's one number draw,
+// which holds the table exclusively for the moment of the draw and writes both counters on at
+// once. A number outside 1..10000000 starts the series
 // again at 1. After each round of tries that finds the table held, askRetry hears the question;
 // false gives up and returns nothing. A number once drawn is never given back.
 std::optional<InvoiceKeys> DrawInvoiceKeys(store::Database& db,
