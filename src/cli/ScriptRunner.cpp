@@ -96,7 +96,7 @@ struct ScriptRunner::State {
     std::vector<int> saveAnswerLines;
     std::size_t printedSeen = 0;
 
-    void RunBlock(const std::vector<ScriptLine>& lines, ui::Form* modal);
+    void RunBlock(const std::vector<ScriptLine>& block, ui::Form* modal);
     void Exec(const ScriptLine& l, ui::Form* modal);
     void Expect(const ScriptLine& l, ui::Form* modal);
     void Company(const ScriptLine& l);
@@ -175,8 +175,8 @@ ScriptResult ScriptRunner::Run(const std::vector<ScriptLine>& lines) {
     return state_->failures ? ScriptFailed : ScriptPassed;
 }
 
-void ScriptRunner::State::RunBlock(const std::vector<ScriptLine>& lines, ui::Form* modal) {
-    for (const auto& l : lines) {
+void ScriptRunner::State::RunBlock(const std::vector<ScriptLine>& block, ui::Form* modal) {
+    for (const auto& l : block) {
         try {
             Exec(l, modal);
         } catch (const LineError&) {

@@ -62,7 +62,7 @@ struct FieldRef : Node {
 };
 
 struct Unary : Node {
-    Unary(bool negate, NodePtr operand) : negate(negate), operand(std::move(operand)) {}
+    Unary(bool minus, NodePtr of) : negate(minus), operand(std::move(of)) {}
     Value Eval() const override {
         Value v = operand->Eval();
         return negate ? Negate(v) : Not(v);
@@ -74,7 +74,8 @@ struct Unary : Node {
 };
 
 struct Binary : Node {
-    Binary(BinaryOp op, NodePtr a, NodePtr b) : op(op), a(std::move(a)), b(std::move(b)) {}
+    Binary(BinaryOp how, NodePtr left, NodePtr right)
+        : op(how), a(std::move(left)), b(std::move(right)) {}
     Value Eval() const override { return ApplyBinary(op, a->Eval(), b->Eval()); }
     void Accumulate() override {
         a->Accumulate();
@@ -91,7 +92,7 @@ struct Binary : Node {
 enum class AggregateKind { Sum, Count, Max, Min, Average };
 
 struct Aggregate : Node {
-    Aggregate(AggregateKind kind, NodePtr arg) : kind(kind), arg(std::move(arg)) {}
+    Aggregate(AggregateKind what, NodePtr of) : kind(what), arg(std::move(of)) {}
 
     Value Eval() const override {
         switch (kind) {
