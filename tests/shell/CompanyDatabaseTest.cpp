@@ -24,8 +24,8 @@ TEST_F(CompanyDatabaseTest, RefusalsComeInOrderAndWriteNothing) {
     auto before = Companies();
     std::vector<std::string> focusedAt;
     auto result = Run(TfrmCompanyDatabase::kAddNewCompany, [&](ui::FormDriver& d) {
-        auto attempt = [&](const std::string& name, const std::string& folder) {
-            d.EnterText("editDatabase", folder);
+        auto attempt = [&](const std::string& name, const std::string& database) {
+            d.EnterText("editDatabase", database);
             d.EnterText("editCompanyName", name);
             d.Click("btnOK");
             focusedAt.push_back(d.FocusedName());

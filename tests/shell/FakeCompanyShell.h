@@ -79,10 +79,10 @@ protected:
     }
     // A folder holding a company database.
     std::string MakeDatabase(const std::string& below) {
-        std::string folder = Common(below);
-        std::filesystem::create_directories(folder);
-        std::ofstream(std::filesystem::path(folder) / "company.DAT") << "";
-        return folder;
+        std::string path = Common(below);
+        std::filesystem::create_directories(path);
+        std::ofstream(std::filesystem::path(path) / "company.DAT") << "";
+        return path;
     }
     std::vector<std::string> Companies() { return shell.Settings().ReadSection("Companies"); }
     std::string FolderOf(const std::string& company) {
