@@ -129,15 +129,6 @@ TEST_F(AccountFormsTest, DeleteAsksThenRefusesAnAccountWithTotalsEvenOfZero) {
     EXPECT_EQ(CountRows("GLAccnt"), 1);
 }
 
-TEST_F(AccountFormsTest, HistoryAndTotalsSayWhenTheProgramHasNoSuchForm) {
-    AddAccount(1, "1000", "Bank", 1);
-    FormDriver d(List());
-    d.Click("mnuHistory");
-    EXPECT_EQ(dialogs.LastText(), "\"GL History\" may be added in a future version.");
-    d.Click("mnuTotals");
-    EXPECT_EQ(dialogs.LastText(), "\"GL Totals\" may be added in a future version.");
-}
-
 TEST_F(AccountFormsTest, SubaccountsTakeOnePastTheHighestIdOfTheirLevel) {
     InsertRow("GLAcSub2", {{"SubAccountID", 9}, {"SubAccount", "10"}, {"SubAccountName", "East"}});
     auto& list = List();
@@ -179,8 +170,6 @@ TEST_F(AccountFormsTest, SubaccountDeleteIsRefusedWhileItsLevelIsUsed) {
     d.Click("btnSubDelete");
     EXPECT_EQ(dialogs.LastText(), "Unable to delete '7: Misc'...\nJV(s) exist for this subaccount");
     EXPECT_EQ(CountRows("GLAcSub3"), 1);
-    d.Click("btnSubFind");
-    EXPECT_EQ(dialogs.LastText(), "\"Subaccounts Find\" may be added in a future version.");
 }
 
 TEST(AccountTypeFilter, StandsAloneOrIsAppendedToTheFilterInForce) {

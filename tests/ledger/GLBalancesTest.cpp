@@ -215,9 +215,3 @@ TEST_F(GLBalances, UnpostingBringsTheTotalsBack) {
     EXPECT_EQ(Cell("Period3"), M(0));
     EXPECT_EQ(Cell("AmountTot"), M(0));
 }
-
-TEST_F(GLBalances, BudgetTakesTheMainMenusWordsForAFormNotYetThere) {
-    Open();
-    ui::FormDriver(*list).Click("mnuBudget");
-    EXPECT_EQ(LastMessage(), "GL, Budget is not available in this version of Corvane yet.");
-}

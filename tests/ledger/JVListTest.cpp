@@ -1,5 +1,4 @@
 #include "VoucherFixture.h"
-#include "ledger/LedgerForms.h"
 #include "ledger/domain/VoucherTexts.h"
 #include "shell/main/FormRegistry.h"
 
@@ -127,13 +126,6 @@ TEST_F(JVList, FindGoesToANumberAndTheFilterNarrowsBySource) {
     d.Click("mnuFilter");
     EXPECT_EQ(list->Caption, "Journal Vouchers (Filtered)");
     EXPECT_EQ(list->tblJV.RecordCount(), 1);
-}
-
-TEST(VoucherRegistry, TheVoucherFormsAreRegistered) {
-    shell::FormRegistry registry;
-    ledger::RegisterVoucherForms(registry);
-    for (const char* name : {"frmJVs", "frmJV", "frmJVsFilter", "frmJVsFind"})
-        EXPECT_NE(registry.Find(name), nullptr) << name;
 }
 
 TEST_F(JVList, PostOpensThePostingDialogOfTheRegistry) {

@@ -254,10 +254,10 @@ void TfrmARInvoice::SetUpLines() {
     };
     tblARInvDet.BeforePost = [this](store::DataSet& ds) {
         if (restoring_) return;
-        const store::Field& item = ds.FieldByName("ItemID");
-        if (item.IsNull() && ds.FieldByName("JobID").IsNull())
+        const store::Field& lineItem = ds.FieldByName("ItemID");
+        if (lineItem.IsNull() && ds.FieldByName("JobID").IsNull())
             throw Exception(text::LineItemMissing);
-        if (!item.IsNull() && tblItem.Lookup("ItemID", {item.AsValue()}, "ItemID").IsNull())
+        if (!lineItem.IsNull() && tblItem.Lookup("ItemID", {lineItem.AsValue()}, "ItemID").IsNull())
             throw Exception(text::LineItemNotFound);
         if (ds.FieldByName("Seq").IsNull()) ds.FieldByName("Seq").SetAsInteger(nextSeq_++);
     };
