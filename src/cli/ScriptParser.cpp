@@ -38,7 +38,7 @@ const std::map<std::string, Arity, std::less<>>& Expectations() {
         {"disabled", {1, 1}},  {"visible", {1, 1}}, {"hidden", {1, 1}},  {"checked", {1, 1}},
         {"unchecked", {1, 1}}, {"focus", {1, 1}},   {"open", {1, 1}},    {"row", {2, -1}},
         {"grid", {1, -1}},     {"sql", {1, -1}},    {"preview", {1, 1}}, {"page", {2, 2}},
-        {"printed", {1, 1}},
+        {"printed", {1, 1}},   {"mail", {1, 3}},
     };
     return kinds;
 }

@@ -109,6 +109,9 @@ struct ScriptRunner::State {
     void CheckLeftovers();
     reports::TfrmPreview& Preview(ui::Form* modal) const;
     void ExpectReport(const ScriptLine& l, ui::Form* modal);
+    void ExpectMail(const ScriptLine& l);
+    // How many mails an "expect mail" has already seen.
+    std::size_t mailsSeen = 0;
 
     void Fail(const ScriptLine& l, const std::string& what) {
         ++failures;
@@ -390,6 +393,7 @@ void ScriptRunner::State::Expect(const ScriptLine& l, ui::Form* modal) {
         dialogs.ClearShown();
         return;
     }
+    if (kind == "mail") return ExpectMail(l);
     if (kind == "sql") {
         auto found = QueryCsvLines(Db(), a[1]);
         found.erase(found.begin());
@@ -487,6 +491,34 @@ void ScriptRunner::State::ExpectReport(const ScriptLine& l, ui::Form* modal) {
     const std::string text = preview.pageView.Text();
     if (text.find(a[2]) == std::string::npos)
         Fail(l, "expected page " + a[1] + " to hold " + Quoted(a[2]) + ", found " + Quoted(text));
+}
+
+// The last message handed to the mail program since the previous check: its address, its subject
+// and the name of the file it carries; "" for none.
+void ScriptRunner::State::ExpectMail(const ScriptLine& l) {
+    const auto& a = l.Args;
+    const auto& mails = desktop.Mails();
+    const bool fresh = mails.size() > mailsSeen;
+    mailsSeen = mails.size();
+    if (a.size() == 2 && a[1].empty()) {
+        if (fresh)
+            Fail(l, "expected no mail, found one to " + Quoted(mails.back().To) + " about " +
+                        Quoted(mails.back().Subject));
+        return;
+    }
+    if (!fresh) {
+        Fail(l, "expected a mail to " + Quoted(a[1]) + ", found none sent");
+        return;
+    }
+    const ui::HeadlessDesktop::Mail& mail = mails.back();
+    Compare(l, "the mail's address", a[1], mail.To);
+    if (a.size() > 2) Compare(l, "the mail's subject", a[2], mail.Subject);
+    if (a.size() > 3) {
+        const std::filesystem::path file(mail.File);
+        Compare(l, "the mail's attachment", a[3], file.filename().string());
+        if (!std::filesystem::is_regular_file(file))
+            Fail(l, "expected the mail's attachment " + Quoted(mail.File) + " to exist");
+    }
 }
 
 void ScriptRunner::State::CheckLeftovers() {

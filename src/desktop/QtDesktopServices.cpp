@@ -1,12 +1,17 @@
 #include "desktop/QtDesktopServices.h"
 
+#include "core/Exception.h"
 #include "desktop/QtReportPrinter.h"
 
 #include <QApplication>
 #include <QClipboard>
 #include <QDesktopServices>
 #include <QFileDialog>
+#include <QFileInfo>
 #include <QLocale>
+#include <QProcess>
+#include <QStandardPaths>
+#include <QStringList>
 #include <QTimer>
 #include <QUrl>
 
@@ -21,6 +26,23 @@ void QtDesktopServices::OpenUrl(const std::string& url) {
 
 void QtDesktopServices::OpenMail(const std::string& mailto) {
     QDesktopServices::openUrl(QUrl(QString::fromStdString(mailto)));
+}
+
+void QtDesktopServices::MailFile(const std::string& to, const std::string& subject,
+                                 const std::string& body, const std::string& file) {
+    if (!QFileInfo::exists(QString::fromStdString(file)))
+        throw Exception("The file " + file + " to be mailed does not exist.");
+    const QString program = QStandardPaths::findExecutable("xdg-email");
+    if (program.isEmpty())
+        throw Exception("No mail program can be reached: xdg-email (package xdg-utils) is not "
+                        "installed.");
+    QStringList arguments{"--utf8", "--subject", QString::fromStdString(subject)};
+    if (!body.empty()) arguments << "--body" << QString::fromStdString(body);
+    arguments << "--attach" << QString::fromStdString(file);
+    if (!to.empty()) arguments << QString::fromStdString(to);
+    // The mail program lives on after the message is handed over; it is not this program's child.
+    if (!QProcess::startDetached(program, arguments))
+        throw Exception("The mail program could not be started.");
 }
 
 std::string QtDesktopServices::ClipboardText() {

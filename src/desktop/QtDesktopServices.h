@@ -17,6 +17,9 @@ public:
 
     void OpenUrl(const std::string& url) override;
     void OpenMail(const std::string& mailto) override;
+    // Through xdg-email, which opens the desktop's own mail program.
+    void MailFile(const std::string& to, const std::string& subject, const std::string& body,
+                  const std::string& file) override;
     std::string ClipboardText() override;
     void SetClipboardText(const std::string& text) override;
     void Beep() override;

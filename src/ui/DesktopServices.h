@@ -17,6 +17,11 @@ public:
     virtual void OpenUrl(const std::string& url) = 0;
     // A "mailto:" text: the user's mail program opens a new message.
     virtual void OpenMail(const std::string& mailto) = 0;
+    // Hands a new message with a file attached to the user's mail program, where the person
+    // reads it over and sends it; `to` may be empty. Throws Exception with the reason when no
+    // mail program takes it.
+    virtual void MailFile(const std::string& to, const std::string& subject,
+                          const std::string& body, const std::string& file) = 0;
     virtual std::string ClipboardText() = 0;
     virtual void SetClipboardText(const std::string& text) = 0;
     virtual void Beep() = 0;

@@ -1,5 +1,6 @@
 #include "ui/HeadlessDesktop.h"
 
+#include "core/Exception.h"
 #include "ui/ScriptError.h"
 
 #include <algorithm>
@@ -12,6 +13,13 @@ void HeadlessDesktop::OpenUrl(const std::string& url) {
 
 void HeadlessDesktop::OpenMail(const std::string& mailto) {
     calls_.push_back("OpenMail " + mailto);
+}
+
+void HeadlessDesktop::MailFile(const std::string& to, const std::string& subject,
+                               const std::string& body, const std::string& file) {
+    calls_.push_back("MailFile " + to + " | " + subject + " | " + file);
+    if (!MailRefusal.empty()) throw Exception(MailRefusal);
+    mails_.push_back({to, subject, body, file});
 }
 
 void HeadlessDesktop::SetClipboardText(const std::string& text) {

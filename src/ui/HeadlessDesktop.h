@@ -19,6 +19,14 @@ public:
     std::string Country;
     std::string Printer;
 
+    // A message handed to the mail program.
+    struct Mail {
+        std::string To, Subject, Body, File;
+    };
+    // When set, the mail program refuses every message with this reason.
+    std::string MailRefusal;
+    const std::vector<Mail>& Mails() const { return mails_; }
+
     // The answer to the next folder picker: a path, or nothing for a cancel.
     void AnswerFolder(std::optional<std::string> path) { folders_.push_back(std::move(path)); }
     // The answer to the next file picker, likewise.
@@ -32,6 +40,8 @@ public:
 
     void OpenUrl(const std::string& url) override;
     void OpenMail(const std::string& mailto) override;
+    void MailFile(const std::string& to, const std::string& subject, const std::string& body,
+                  const std::string& file) override;
     std::string ClipboardText() override { return clipboard_; }
     void SetClipboardText(const std::string& text) override;
     void Beep() override;
@@ -53,6 +63,7 @@ private:
         std::function<void()> Callback;
     };
     std::vector<std::string> calls_;
+    std::vector<Mail> mails_;
     std::string clipboard_;
     int beeps_ = 0;
     std::deque<std::optional<std::string>> folders_;

@@ -2,9 +2,17 @@
 #include "desktop/KeyTranslation.h"
 #include "ui/WaitCursor.h"
 
+#include "core/Exception.h"
+#include "support/CompanyFixture.h"
+
 #include <QClipboard>
 #include <QElapsedTimer>
 #include <QGuiApplication>
+#include <QThread>
+
+#include <filesystem>
+#include <fstream>
+#include <sstream>
 
 namespace corvane::testing {
 namespace {
@@ -47,6 +55,43 @@ TEST_F(DesktopServicesTest, TheWaitCursorIsOnWhileAnyUserHoldsIt) {
         EXPECT_NE(QGuiApplication::overrideCursor(), nullptr);
     }
     EXPECT_EQ(QGuiApplication::overrideCursor(), nullptr);
+}
+
+// The desktop's mail program is reached through xdg-email: a stand-in on the PATH writes down
+// what it was given, one argument a line.
+TEST_F(DesktopServicesTest, AFileIsMailedThroughXdgEmail) {
+    TempFolder folder;
+    const std::string log = folder.Path() + "/arguments";
+    const std::string fake = folder.Path() + "/xdg-email";
+    {
+        std::ofstream script(fake);
+        // Written aside and moved in whole, so the test never reads half of it.
+        script << "#!/bin/sh\nfor a in \"$@\"; do echo \"$a\"; done > '" << log << ".part' && mv '"
+               << log << ".part' '" << log << "'\n";
+    }
+    std::filesystem::permissions(fake, std::filesystem::perms::owner_all);
+    const std::string attachment = folder.Path() + "/Invoice 1042.pdf";
+    std::ofstream(attachment) << "%PDF-";
+    const QByteArray path = qgetenv("PATH");
+    qputenv("PATH", QByteArray::fromStdString(folder.Path()) + ":" + path);
+    services.MailFile("ap@example.com", "Invoice 1042 \xE2\x80\x93 \xC5\x81\xC3\xB3\x64\xC5\xBA",
+                      "Please see attachment.", attachment);
+    EXPECT_THROW(services.MailFile("", "Missing", "", folder.Path() + "/nothing.pdf"),
+                 corvane::Exception);
+    qputenv("PATH", path);
+
+    std::string arguments;
+    for (int wait = 0; wait < 200 && arguments.empty(); ++wait) {
+        QThread::msleep(10);
+        std::ifstream in(log);
+        std::stringstream text;
+        text << in.rdbuf();
+        arguments = text.str();
+    }
+    EXPECT_EQ(arguments,
+              "--utf8\n--subject\nInvoice 1042 \xE2\x80\x93 \xC5\x81\xC3\xB3\x64\xC5\xBA\n"
+              "--body\nPlease see attachment.\n--attach\n" +
+                  attachment + "\nap@example.com\n");
 }
 
 TEST(KeyTranslationTest, QtKeysBecomeTheFormsKeysAndCharacters) {

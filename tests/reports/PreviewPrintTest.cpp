@@ -109,5 +109,28 @@ TEST_F(PreviewTest, ExcelGoesToTheWorkbookTheSaveDialogNames) {
     EXPECT_EQ(printer.PendingAnswers(), 0u);
 }
 
+// The report goes as a PDF to the desktop's mail program, which the person sends from; a mail
+// program that refuses says why and the preview stays.
+TEST_F(PreviewTest, EmailHandsThePdfToTheMailProgram) {
+    auto& preview = Preview(FinishedReport(2, "Vendors: A/B"));
+    Click(preview, "btnEmail");
+    ASSERT_EQ(desktop.Mails().size(), 1u);
+    const auto& mail = desktop.Mails().back();
+    EXPECT_EQ(mail.To, "");
+    EXPECT_EQ(mail.Subject, "Vendors: A/B");
+    EXPECT_EQ(std::filesystem::path(mail.File).filename(), "Vendors_ A_B.pdf");
+    std::ifstream file(mail.File, std::ios::binary);
+    std::string head(5, '\0');
+    file.read(head.data(), 5);
+    EXPECT_EQ(head, "%PDF-");
+    std::filesystem::remove(mail.File);
+
+    desktop.MailRefusal = "No mail program can be reached.";
+    Click(preview, "btnEmail");
+    EXPECT_EQ(dialogs.LastText(), "No mail program can be reached.");
+    EXPECT_EQ(desktop.Mails().size(), 1u);
+    EXPECT_TRUE(preview.Visible());
+}
+
 } // namespace
 } // namespace corvane::testing

@@ -10,6 +10,7 @@
 
 #include <algorithm>
 #include <cmath>
+#include <filesystem>
 #include <string>
 
 namespace corvane::reports {
@@ -67,15 +68,16 @@ TfrmPreview::TfrmPreview(ui::Application& app, std::shared_ptr<ReportDocument> d
     btnPrint.OnClick = [this] { PrintClick(); };
     btnPDF.OnClick = [this] { PdfClick(); };
     btnExcel.OnClick = [this] { ExcelClick(); };
+    btnEmail.OnClick = [this] { EmailClick(); };
     btnClose.OnClick = [this] { Close(); };
 
     // The layout's outer row lets the page take all the room the window has.
     SetLayout(Row{Column{Row{btnFirst, btnPrevious, btnNext, btnLast, panelPageNumber, SpinEdit1,
-                             Stretch{}, btnPrint, btnPDF, btnExcel, btnClose},
+                             Stretch{}, btnPrint, btnPDF, btnExcel, btnEmail, btnClose},
                          pageView}});
     // The page takes the keys first, so that they scroll it rather than change the zoom.
     SetTabOrder({&pageView, &btnFirst, &btnPrevious, &btnNext, &btnLast, &SpinEdit1, &btnPrint,
-                 &btnPDF, &btnExcel, &btnClose});
+                 &btnPDF, &btnExcel, &btnEmail, &btnClose});
     PlaceWindow(landscape);
 
     OnCloseQuery = [this](bool& canClose) { FormCloseQuery(canClose); };
@@ -133,7 +135,7 @@ void TfrmPreview::ShowPageState() {
     btnFirst.Enabled = btnPrevious.Enabled = page > 1;
     btnNext.Enabled = btnLast.Enabled = page < count;
     // A report still being made exports what it has so far only when asked again later.
-    btnPrint.Enabled = btnPDF.Enabled = btnExcel.Enabled = count > 0;
+    btnPrint.Enabled = btnPDF.Enabled = btnExcel.Enabled = btnEmail.Enabled = count > 0;
 }
 
 void TfrmPreview::PrintClick() {
@@ -189,6 +191,20 @@ void TfrmPreview::ExcelClick() {
     if (!path) return;
     ui::WaitCursor wait(App());
     WriteWorkbook(Document(), *path);
+}
+
+void TfrmPreview::EmailClick() {
+    if (Document().PageCount() == 0) return;
+    // The file goes with the message, so it stays after the preview closes: the mail program
+    // reads it when the person sends.
+    std::filesystem::path folder = std::filesystem::temp_directory_path() / "corvane-mail";
+    std::filesystem::create_directories(folder);
+    const std::string path = (folder / ReportFileName(Document().title, ".pdf")).string();
+    {
+        ui::WaitCursor wait(App());
+        WritePdf(Document(), path);
+    }
+    App().Desktop().MailFile("", Document().title, "", path);
 }
 
 void TfrmPreview::FormCloseQuery(bool& canClose) {

@@ -32,6 +32,7 @@ public:
     ui::Button btnPrint{*this, "btnPrint", "P&rint..."};
     ui::Button btnPDF{*this, "btnPDF", "P&DF..."};
     ui::Button btnExcel{*this, "btnExcel", "E&xcel..."};
+    ui::Button btnEmail{*this, "btnEmail", "E&mail..."};
     ui::Button btnClose{*this, "btnClose", "&Close"};
     ReportPageView pageView{*this, "pageView"};
 
@@ -51,6 +52,7 @@ private:
     void PrintClick();
     void PdfClick();
     void ExcelClick();
+    void EmailClick();
     void FormCloseQuery(bool& canClose);
 
     std::shared_ptr<ReportDocument> document_;
