@@ -1,4 +1,5 @@
 #include "store/Field.h"
+#include "store/ValueConversion.h"
 
 #include "core/DateEntry.h"
 #include "core/DisplayFormat.h"
@@ -86,9 +87,11 @@ std::int64_t Field::AsInteger() const {
     case Value::Kind::Integer:
         return v.Int();
     case Value::Kind::Float:
-        return static_cast<std::int64_t>(std::llround(v.Float()));
+        if (auto n = RoundedInteger(v.Float())) return *n;
+        ThrowEngineError(errValueOutOfRange,
+                         v.DebugString() + " does not fit an integer (field '" + Label() + "')");
     case Value::Kind::Money:
-        return static_cast<std::int64_t>(std::llround(v.Money().ToDouble()));
+        return *RoundedInteger(v.Money().ToDouble());
     case Value::Kind::Boolean:
         return v.Bool() ? 1 : 0;
     case Value::Kind::Date:
@@ -158,23 +161,13 @@ bool Field::AsBoolean() const {
 }
 
 static std::int64_t ParseInteger(const Field& f, std::string_view text) {
-    std::int64_t n = 0;
-    std::string_view t = TrimBlanks(text);
-    if (!t.empty() && t.front() == '+') t.remove_prefix(1);
-    auto [p, ec] = std::from_chars(t.data(), t.data() + t.size(), n);
-    if (t.empty() || ec != std::errc() || p != t.data() + t.size())
-        BadValue(f, std::string(text), "integer");
-    return n;
+    if (auto n = store::ParseInteger(text)) return *n;
+    BadValue(f, std::string(text), "integer");
 }
 
 static double ParseFloat(const Field& f, std::string_view text) {
-    std::string t(text);
-    char* end = nullptr;
-    double d = std::strtod(t.c_str(), &end);
-    while (end && *end == ' ')
-        ++end;
-    if (t.empty() || !end || *end != '\0' || !std::isfinite(d)) BadValue(f, t, "floating point");
-    return d;
+    if (auto d = ParseNumber(text)) return *d;
+    BadValue(f, std::string(text), "floating point");
 }
 
 static std::size_t CharacterCount(std::string_view s) {
@@ -228,9 +221,10 @@ Value Field::Coerce(const Value& v) const {
             n = v.Int();
             break;
         case K::Float:
-            if (v.Float() != std::floor(v.Float()) || !std::isfinite(v.Float()))
+            if (auto whole = WholeNumber(v.Float()))
+                n = *whole;
+            else
                 BadValue(*this, v.DebugString(), "integer");
-            n = static_cast<std::int64_t>(v.Float());
             break;
         case K::Boolean:
             n = v.Bool() ? 1 : 0;
@@ -258,8 +252,7 @@ Value Field::Coerce(const Value& v) const {
         case K::Integer:
             return Value(v.Int() != 0);
         case K::String:
-            if (SameName(v.Str(), "true") || v.Str() == "1") return Value(true);
-            if (SameName(v.Str(), "false") || v.Str() == "0") return Value(false);
+            if (auto b = ParseBoolean(v.Str())) return Value(*b);
             [[fallthrough]];
         default:
             BadValue(*this, v.DebugString(), "boolean");

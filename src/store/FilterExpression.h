@@ -1,5 +1,7 @@
 #pragma once
 
+#include "store/ValueConversion.h"
+
 #include "store/FieldType.h"
 #include "store/TableDef.h"
 #include "store/Value.h"
@@ -38,12 +40,5 @@ struct SqlFragment {
 // EngineError(errFieldNotFound, "Field 'Foo' not found in table 'Vendor'") for an unknown field;
 // EngineError(errInvalidValue) for a literal that does not fit its field ('abc' against a number).
 SqlFragment CompileFilter(std::string_view expression, const TableDef& table);
-
-// Converts a value to the kind stored for a field of the given type: a whole number or amount or
-// number text for integers, a number or decimal text for amounts (12 becomes 12.0000), ISO text
-// for dates, true/false/1/0/yes/no for booleans, the text of anything for strings. Null stays
-// null. The field's range and size are not checked here. Throws EngineError(errInvalidValue)
-// when the value cannot be read as that kind ('abc' for an integer, 2.5 for an integer).
-Value CoerceToField(const Value& literal, FieldType type);
 
 } // namespace corvane::store

@@ -192,6 +192,25 @@ void Query::ReadRows() {
     pos_ = 0;
 }
 
+void Query::ForEachRow(const std::function<void(const std::vector<Value>& row)>& visit) {
+    if (Active()) Close();
+    Prepare();
+    if (prepared_->Translated.StatementKind != sql::TranslatedStatement::Kind::Select)
+        ThrowEngineError(errSqlRefused, "The statement returns no rows: it is run with ExecSQL");
+    Statement& s = *prepared_->Main;
+    StatementRun run(s);
+    s.ClearBindings();
+    BindParams(s);
+    const auto& columns = prepared_->Translated.Columns;
+    std::vector<Value> row(columns.size());
+    while (s.Step()) {
+        for (std::size_t i = 0; i < columns.size(); ++i)
+            row[i] = columns[i].TypeKnown ? s.ColumnValue(static_cast<int>(i), columns[i].Type)
+                                          : s.ColumnNatural(static_cast<int>(i));
+        visit(row);
+    }
+}
+
 void Query::DoClose() {
     rows_.clear();
     pos_ = 0;

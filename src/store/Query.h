@@ -2,6 +2,7 @@
 
 #include "store/DataSet.h"
 
+#include <functional>
 #include <memory>
 #include <string>
 #include <string_view>
@@ -59,6 +60,10 @@ public:
 
     // Runs a statement that returns no rows (or ignores them).
     void ExecSQL();
+    // Runs the SELECT and hands its rows over one by one in the order of the result, each value
+    // as its column's type, keeping none: for results too long to hold, such as a whole history.
+    // The query stays closed.
+    void ForEachRow(const std::function<void(const std::vector<Value>& row)>& visit);
     int RowsAffected() const { return rowsAffected_; }
 
     int MaxRowCount = -1;

@@ -1,14 +1,15 @@
 #include "company/sample/SampleCompany.h"
 
-#include "company/sample/RowWriter.h"
 #include "company/sample/SampleInvoices.h"
 #include "company/sample/SampleMasters.h"
 #include "company/sample/SampleVouchers.h"
 #include "company/wizard/StarterCompany.h"
 #include "core/Date.h"
 #include "ledger/posting/PostingRun.h"
+#include "store/BulkWriter.h"
 #include "store/Database.h"
-#include "store/sql/Connection.h"
+#include "store/Query.h"
+#include "store/Table.h"
 
 #include <string>
 
@@ -36,9 +37,9 @@ StarterAnswers SampleAnswers(int fiscalYear) {
 // A US dollar account beside the home bank, and its currency with the six control accounts
 // and a rate for each period of both years.
 void WriteForeignCurrency(store::Database& db) {
-    RowWriter accounts(db, "GLAccnt",
-                       {"GLAccountID", "GLAccount", "AccountName", "AccountType",
-                        "RetainedEarnings", "Suspended"});
+    store::BulkInsert accounts(db, "GLAccnt",
+                               {"GLAccountID", "GLAccount", "AccountName", "AccountType",
+                                "RetainedEarnings", "Suspended"});
     accounts.Add({Value(kForeignBankAccountId), Value(std::string("1007")),
                   Value(std::string("US Dollar Account")), Value(1), Value(false), Value(false)});
 
@@ -66,8 +67,8 @@ void WriteForeignCurrency(store::Database& db) {
         columns.push_back("ExchangeRateLY" + std::to_string(p));
         values.emplace_back(1.3400 - 0.0050 * p);
     }
-    RowWriter(db, "Currency", columns).Add(values);
-    RowWriter(db, "Bank", {"BankID", "BankName", "BankGLAccountID", "CurrencyID"})
+    store::BulkInsert(db, "Currency", columns).Add(values);
+    store::BulkInsert(db, "Bank", {"BankID", "BankName", "BankGLAccountID", "CurrencyID"})
         .Add({Value(2), Value(std::string("US Dollar Account")), Value(kForeignBankAccountId),
               Value(kForeignCurrencyId)});
 }
@@ -89,8 +90,8 @@ void WriteSubAccounts(store::Database& db) {
         {3, SampleProject::Warehouse, "P02", "Warehouse Fit-out"},
     };
     for (int level = 1; level <= 3; ++level) {
-        RowWriter writer(db, "GLAcSub" + std::to_string(level),
-                         {"SubAccountID", "SubAccount", "SubAccountName", "Suspended"});
+        store::BulkInsert writer(db, "GLAcSub" + std::to_string(level),
+                                 {"SubAccountID", "SubAccount", "SubAccountName", "Suspended"});
         for (const Sub& s : subs)
             if (s.Level == level)
                 writer.Add({Value(s.Id), Value(std::string(s.Code)), Value(std::string(s.Name)),
@@ -100,23 +101,32 @@ void WriteSubAccounts(store::Database& db) {
 
 // Entry continues in the last quarter, so the default period is its first month.
 void SetCompanyPeriods(store::Database& db, int fiscalYear) {
-    store::Statement& s =
-        db.Conn().Cached("UPDATE main.Company SET DefaultPeriodYYYY = ?, DefaultPeriodPP = ?, "
-                         "WPeriodFromYYYY = ?, WPeriodFromPP = 1, WPeriodToYYYY = ?, "
-                         "WPeriodToPP = 12, EPeriodFromYYYY = ?, EPeriodFromPP = 1, "
-                         "EPeriodToYYYY = ?, EPeriodToPP = 12, Phone = ?, TaxNo = ?");
-    store::StatementRun run(s);
-    s.BindAll({Value(fiscalYear), Value(kFirstUnpostedPeriod), Value(fiscalYear), Value(fiscalYear),
-               Value(fiscalYear - 1), Value(fiscalYear + 1), Value(std::string("(613) 555-0142")),
-               Value(std::string("81234 5678 RT0001"))});
-    s.Step();
+    store::Table company(db, "Company");
+    company.Open();
+    company.First();
+    company.Edit();
+    auto set = [&company](const char* field, const Value& value) {
+        company.FieldByName(field).SetValue(value);
+    };
+    set("DefaultPeriodYYYY", Value(fiscalYear));
+    set("DefaultPeriodPP", Value(kFirstUnpostedPeriod));
+    set("WPeriodFromYYYY", Value(fiscalYear));
+    set("WPeriodFromPP", Value(1));
+    set("WPeriodToYYYY", Value(fiscalYear));
+    set("WPeriodToPP", Value(12));
+    set("EPeriodFromYYYY", Value(fiscalYear - 1));
+    set("EPeriodFromPP", Value(1));
+    set("EPeriodToYYYY", Value(fiscalYear + 1));
+    set("EPeriodToPP", Value(12));
+    set("Phone", Value(std::string("(613) 555-0142")));
+    set("TaxNo", Value(std::string("81234 5678 RT0001")));
+    company.Post();
 }
 
 std::int64_t CountRows(store::Database& db, const std::string& sql) {
-    store::Statement& s = db.Conn().Cached(sql);
-    store::StatementRun run(s);
-    s.Step();
-    return s.ColumnInt(0);
+    store::Query count(db, sql);
+    count.Open();
+    return count.Fields().front()->AsInteger();
 }
 
 } // namespace
@@ -140,10 +150,10 @@ SampleSummary GenerateSampleCompany(store::Database& db, const SampleShape& shap
     WriteSampleInvoices(db, shape.FiscalYear);
 
     SampleSummary summary;
-    summary.Vouchers = static_cast<int>(CountRows(db, "SELECT count(*) FROM main.JV"));
+    summary.Vouchers = static_cast<int>(CountRows(db, "SELECT COUNT(*) FROM JV"));
     summary.Unposted =
-        static_cast<int>(CountRows(db, "SELECT count(*) FROM main.JV WHERE Posted = 0"));
-    summary.HistoryRows = CountRows(db, "SELECT count(*) FROM main.GLHist");
+        static_cast<int>(CountRows(db, "SELECT COUNT(*) FROM JV WHERE Posted = FALSE"));
+    summary.HistoryRows = CountRows(db, "SELECT COUNT(*) FROM GLHist");
     return summary;
 }
 

@@ -1,9 +1,11 @@
 #include "company/sample/SampleVouchers.h"
 
-#include "company/sample/RowWriter.h"
 #include "core/Date.h"
+#include "ledger/domain/Voucher.h"
+#include "ledger/domain/VoucherNumbering.h"
 #include "store/Database.h"
-#include "store/sql/Connection.h"
+
+#include <stdexcept>
 
 #include <algorithm>
 
@@ -195,9 +197,20 @@ std::vector<SampleVoucher> SampleVoucherWriter::MonthVouchers(int month, int cou
 }
 
 void SampleVoucherWriter::Write(const SampleVoucher& voucher, int year, int period) {
-    Money debits;
+    // Each voucher passes the checks a user's would, as of the year it is dated in.
+    ledger::VoucherFacts facts;
+    facts.VoucherPeriod = {year, period};
+    facts.Description = voucher.Description;
+    facts.HasLines = !voucher.Lines.empty();
     for (const auto& l : voucher.Lines)
-        if (l.Amount > Money()) debits += l.Amount;
+        (l.Amount > Money() ? facts.Debits : facts.Credits) += l.Amount;
+    facts.Amount = facts.Debits;
+    ledger::CompanyPeriods then;
+    then.FiscalYear = year;
+    const ledger::VoucherVerdict verdict = ledger::ValidateVoucher(then, facts);
+    if (!verdict.Ok())
+        throw std::logic_error("Sample voucher '" + voucher.Description + "': " + verdict.Message);
+    const Money debits = facts.Debits;
     const int last = Date::DaysInMonth(year, period);
     const int day = 1 + static_cast<int>(engine_() % static_cast<std::uint32_t>(last));
     jv_.Add({Value(nextId_), Value(year), Value(period), Value(nextNumber_),
@@ -214,6 +227,12 @@ void SampleVoucherWriter::Write(const SampleVoucher& voucher, int year, int peri
 
 void SampleVoucherWriter::WritePeriods(Phase phase) {
     store::Transaction transaction(db_, {"JV", "JVDet", "JVCtl"});
+    // The vouchers take the ids and numbers the control row offers, and the row is raised past
+    // them at the end, in the same transaction: nobody else draws while it holds the write lock.
+    const auto first = ledger::TakeVoucherKeys(db_, {}, 0);
+    if (!first) throw std::runtime_error("The JV control table is in use");
+    nextId_ = first->JVID;
+    nextNumber_ = first->JVNumber;
     const int periods = 2 * kPeriodsPerYear;
     const int perMonth = std::max(kMonthlyFixed, shape_.Vouchers / periods);
     for (int slot = 0; slot < periods; ++slot) {
@@ -224,12 +243,8 @@ void SampleVoucherWriter::WritePeriods(Phase phase) {
         for (const auto& voucher : MonthVouchers(period, perMonth))
             Write(voucher, year, period);
     }
-    store::Statement& control = db_.Conn().Cached("DELETE FROM main.JVCtl");
-    {
-        store::StatementRun run(control);
-        control.Step();
-    }
-    RowWriter(db_, "JVCtl", {"NextJVID", "NextJVNumber"}).Add({Value(nextId_), Value(nextNumber_)});
+    if (!ledger::TakeVoucherKeys(db_, {}, nextId_ - first->JVID))
+        throw std::runtime_error("The JV control table is in use");
     transaction.Commit();
 }
 

@@ -1,8 +1,8 @@
 #pragma once
 
-#include "company/sample/RowWriter.h"
 #include "company/sample/SampleCompany.h"
 #include "core/Money.h"
+#include "store/BulkWriter.h"
 
 #include <cstdint>
 #include <optional>
@@ -62,12 +62,12 @@ private:
     void Write(const SampleVoucher& voucher, int year, int period);
 
     store::Database& db_;
-    RowWriter jv_;
-    RowWriter lines_;
+    store::BulkInsert jv_;
+    store::BulkInsert lines_;
     SampleShape shape_;
     std::mt19937 engine_;
-    int nextId_ = 1;
-    int nextNumber_ = 1001;
+    int nextId_ = 0;
+    int nextNumber_ = 0;
     int turn_ = 0;
 };
 

@@ -1,11 +1,9 @@
 #include "ledger/posting/LedgerCheck.h"
 
 #include "core/Money.h"
-#include "ledger/posting/StatementColumns.h"
+#include "ledger/posting/RowColumns.h"
 #include "ledger/posting/VoucherPosting.h"
-#include "store/Database.h"
-#include "store/Value.h"
-#include "store/sql/Connection.h"
+#include "store/Query.h"
 
 #include <map>
 #include <optional>
@@ -13,8 +11,6 @@
 
 namespace corvane::ledger {
 
-using store::Statement;
-using store::StatementRun;
 using store::Value;
 
 namespace {
@@ -29,51 +25,49 @@ std::string Describe(const AccountKey& a) {
 }
 
 void CheckVoucherBalances(store::Database& db, std::vector<std::string>& out) {
-    Statement& s =
-        db.Conn().Cached("SELECT JV.JVID, JV.JVNumber, JV.GLPeriod, JV.GLYear, sum(JVDet.GLAmount) "
-                         "FROM main.JV JOIN main.JVDet ON JVDet.JVID = JV.JVID WHERE JV.Posted = ? "
-                         "GROUP BY JV.JVID HAVING sum(JVDet.GLAmount) <> 0 ORDER BY JV.JVID");
-    StatementRun run(s);
-    s.Bind(1, Value(true));
-    while (s.Step()) {
-        out.push_back("JV " + std::to_string(s.ColumnInt(1)) + " of " +
-                      std::to_string(s.ColumnInt(2)) + "/" + std::to_string(s.ColumnInt(3)) +
-                      " (JVID " + std::to_string(s.ColumnInt(0)) + ") is out of balance by " +
-                      MoneyAt(s, 4).ToString());
-    }
+    struct Balance {
+        std::int64_t Number = 0, Period = 0, Year = 0;
+        Money Sum;
+    };
+    std::map<std::int64_t, Balance> vouchers;
+    store::Query lines(db, "SELECT JV.JVID, JV.JVNumber, JV.GLPeriod, JV.GLYear, JVDet.GLAmount "
+                           "FROM JV JOIN JVDet ON JVDet.JVID = JV.JVID WHERE JV.Posted = TRUE");
+    lines.ForEachRow([&](const std::vector<Value>& row) {
+        Balance& b = vouchers[IntAt(row, 0)];
+        b.Number = IntAt(row, 1);
+        b.Period = IntAt(row, 2);
+        b.Year = IntAt(row, 3);
+        b.Sum += MoneyAt(row, 4);
+    });
+    for (const auto& [id, b] : vouchers)
+        if (!b.Sum.IsZero())
+            out.push_back("JV " + std::to_string(b.Number) + " of " + std::to_string(b.Period) +
+                          "/" + std::to_string(b.Year) + " (JVID " + std::to_string(id) +
+                          ") is out of balance by " + b.Sum.ToString());
 }
 
 using PeriodKey = std::tuple<AccountKey, int, int>; // account, year, period
 
 void CheckTotals(store::Database& db, std::vector<std::string>& out) {
     std::map<PeriodKey, Money> history, totals;
-    {
-        Statement& s = db.Conn().Cached(
-            "SELECT GLAccountID, SubAccount1ID, SubAccount2ID, SubAccount3ID, GLYear, GLPeriod, "
-            "sum(Amount) FROM main.GLHist WHERE GLPeriod BETWEEN 1 AND 12 GROUP BY "
-            "GLAccountID, SubAccount1ID, SubAccount2ID, SubAccount3ID, GLYear, GLPeriod");
-        StatementRun run(s);
-        while (s.Step()) {
-            AccountKey a = ReadAccount(s, 0);
-            history[{a, static_cast<int>(s.ColumnInt(4)), static_cast<int>(s.ColumnInt(5))}] =
-                MoneyAt(s, 6);
+    store::Query lines(db, "SELECT GLAccountID, SubAccount1ID, SubAccount2ID, SubAccount3ID, "
+                           "GLYear, GLPeriod, Amount FROM GLHist WHERE GLPeriod BETWEEN 1 AND 12");
+    lines.ForEachRow([&](const std::vector<Value>& row) {
+        history[{ReadAccount(row, 0), static_cast<int>(IntAt(row, 4)),
+                 static_cast<int>(IntAt(row, 5))}] += MoneyAt(row, 6);
+    });
+    std::string sql = "SELECT GLAccountID, SubAccount1ID, SubAccount2ID, SubAccount3ID, GLYear";
+    for (int p = 1; p <= 12; ++p)
+        sql += ", Amount" + std::to_string(p);
+    sql += " FROM GLActual WHERE ActualBudget = 'A'";
+    store::Query actual(db, sql);
+    actual.ForEachRow([&](const std::vector<Value>& row) {
+        AccountKey a = ReadAccount(row, 0);
+        for (int p = 1; p <= 12; ++p) {
+            Money amount = MoneyAt(row, 4 + p);
+            if (!amount.IsZero()) totals[{a, static_cast<int>(IntAt(row, 4)), p}] += amount;
         }
-    }
-    {
-        std::string sql = "SELECT GLAccountID, SubAccount1ID, SubAccount2ID, SubAccount3ID, GLYear";
-        for (int p = 1; p <= 12; ++p)
-            sql += ", Amount" + std::to_string(p);
-        sql += " FROM main.GLActual WHERE ActualBudget = 'A'";
-        Statement& s = db.Conn().Cached(sql);
-        StatementRun run(s);
-        while (s.Step()) {
-            AccountKey a = ReadAccount(s, 0);
-            for (int p = 1; p <= 12; ++p) {
-                Money amount = MoneyAt(s, 4 + p);
-                if (!amount.IsZero()) totals[{a, static_cast<int>(s.ColumnInt(4)), p}] += amount;
-            }
-        }
-    }
+    });
     auto report = [&](const PeriodKey& key, Money total, Money hist) {
         const auto& [account, year, period] = key;
         out.push_back(Describe(account) + " " + std::to_string(period) + "/" +

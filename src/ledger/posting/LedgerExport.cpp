@@ -1,18 +1,15 @@
 #include "ledger/posting/LedgerExport.h"
 
 #include "core/Money.h"
-#include "ledger/posting/StatementColumns.h"
-#include "store/Database.h"
+#include "ledger/posting/RowColumns.h"
+#include "store/Query.h"
 #include "store/Value.h"
-#include "store/sql/Connection.h"
 
 #include <string>
 #include <vector>
 
 namespace corvane::ledger {
 
-using store::Statement;
-using store::StatementRun;
 using store::Value;
 
 namespace {
@@ -32,27 +29,23 @@ std::string Clean(std::string text) {
     return out;
 }
 
-std::string Text(Statement& s, int column) {
-    Value v = s.ColumnValue(column, store::FieldType::String);
-    return v.IsNull() ? std::string() : v.Str();
-}
-
 // "number-sub1-sub2-sub3 name - subname ...": an empty level before a set one stands as "- "
 // so that each level keeps its place, as the ledger's own windows show it.
-std::string AccountLabel(Statement& s) {
-    std::string number = s.ColumnIsNull(0) ? "?" : Text(s, 0);
-    if (s.ColumnIsNull(0) && !s.ColumnIsNull(9)) number = std::to_string(s.ColumnInt(9));
-    std::string name = s.ColumnIsNull(1) ? "?" : Text(s, 1);
-    int lastSet = 0;
-    for (int level = 1; level <= 3; ++level)
-        if (!s.ColumnIsNull(2 * level)) lastSet = level;
-    for (int level = 1; level <= lastSet; ++level) {
-        const int column = 2 * level;
-        if (s.ColumnIsNull(column)) {
+std::string AccountLabel(const QueryRow& row) {
+    auto null = [&row](std::size_t column) { return row[column].IsNull(); };
+    std::string number = null(0) ? "?" : TextAt(row, 0);
+    if (null(0) && !null(9)) number = std::to_string(IntAt(row, 9));
+    std::string name = null(1) ? "?" : TextAt(row, 1);
+    std::size_t lastSet = 0;
+    for (std::size_t level = 1; level <= 3; ++level)
+        if (!null(2 * level)) lastSet = level;
+    for (std::size_t level = 1; level <= lastSet; ++level) {
+        const std::size_t column = 2 * level;
+        if (null(column)) {
             number += "- ";
         } else {
-            number += "-" + Text(s, column);
-            name += " - " + Text(s, column + 1);
+            number += "-" + TextAt(row, column);
+            name += " - " + TextAt(row, column + 1);
         }
     }
     return Clean(number + " " + name);
@@ -61,39 +54,37 @@ std::string AccountLabel(Statement& s) {
 } // namespace
 
 int ExportLedger(store::Database& db, std::ostream& out) {
-    Statement& s = db.Conn().Cached(
-        "SELECT a.GLAccount, a.AccountName, s1.SubAccount, s1.SubAccountName, s2.SubAccount, "
-        "s2.SubAccountName, s3.SubAccount, s3.SubAccountName, h.Amount, h.GLAccountID, "
-        "h.GLYear, h.GLPeriod, h.TransDate, h.JVNumber, h.Source, h.TransType, "
-        "h.TransDescription, h.JVID "
-        "FROM main.GLHist h LEFT JOIN main.GLAccnt a ON a.GLAccountID = h.GLAccountID "
-        "LEFT JOIN main.GLAcSub1 s1 ON s1.SubAccountID = h.SubAccount1ID "
-        "LEFT JOIN main.GLAcSub2 s2 ON s2.SubAccountID = h.SubAccount2ID "
-        "LEFT JOIN main.GLAcSub3 s3 ON s3.SubAccountID = h.SubAccount3ID "
-        "ORDER BY h.GLYear, h.GLPeriod, h.TransDate, h.JVNumber, h.Source, h.JVID, "
-        "h.TransType, h.GLHistID");
-    StatementRun run(s);
+    store::Query history(
+        db, "SELECT a.GLAccount, a.AccountName, s1.SubAccount, s1.SubAccountName, s2.SubAccount, "
+            "s2.SubAccountName, s3.SubAccount, s3.SubAccountName, h.Amount, h.GLAccountID, "
+            "h.GLYear, h.GLPeriod, h.TransDate, h.JVNumber, h.Source, h.TransType, "
+            "h.TransDescription, h.JVID "
+            "FROM GLHist h LEFT OUTER JOIN GLAccnt a ON a.GLAccountID = h.GLAccountID "
+            "LEFT OUTER JOIN GLAcSub1 s1 ON s1.SubAccountID = h.SubAccount1ID "
+            "LEFT OUTER JOIN GLAcSub2 s2 ON s2.SubAccountID = h.SubAccount2ID "
+            "LEFT OUTER JOIN GLAcSub3 s3 ON s3.SubAccountID = h.SubAccount3ID "
+            "ORDER BY h.GLYear, h.GLPeriod, h.TransDate, h.JVNumber, h.Source, h.JVID, "
+            "h.TransType, h.GLHistID");
     std::vector<Value> current;
     int transactions = 0;
-    while (s.Step()) {
+    history.ForEachRow([&](const QueryRow& row) {
         // One transaction for each voucher and period; the fields after the amount and the
         // account's id tell them apart.
-        std::vector<Value> head;
-        for (int column = 10; column <= 17; ++column)
-            head.push_back(s.ColumnNatural(column));
+        std::vector<Value> head(row.begin() + 10, row.begin() + 18);
         if (head != current) {
             current = head;
             if (transactions++) out << "\n";
-            Value date = s.ColumnValue(12, store::FieldType::Date);
-            std::string source = Text(s, 14), type = Text(s, 15);
-            out << (date.IsNull() ? std::string("1900-01-01") : date.Date().ToIso()) << " ("
-                << s.ColumnInt(13) << ") "
-                << Clean(source + " " + type + " " + std::to_string(s.ColumnInt(11)) + "/" +
-                         std::to_string(s.ColumnInt(10)) + " " + Text(s, 16))
+            const Value& date = row[12];
+            out << (date.kind() == Value::Kind::Date ? date.Date().ToIso()
+                                                     : std::string("1900-01-01"))
+                << " (" << IntAt(row, 13) << ") "
+                << Clean(TextAt(row, 14) + " " + TextAt(row, 15) + " " +
+                         std::to_string(IntAt(row, 11)) + "/" + std::to_string(IntAt(row, 10)) +
+                         " " + TextAt(row, 16))
                 << "\n";
         }
-        out << "    " << AccountLabel(s) << "  " << MoneyAt(s, 8).ToString() << "\n";
-    }
+        out << "    " << AccountLabel(row) << "  " << MoneyAt(row, 8).ToString() << "\n";
+    });
     return transactions;
 }
 

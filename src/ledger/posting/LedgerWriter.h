@@ -1,6 +1,7 @@
 #pragma once
 
 #include "ledger/posting/VoucherPosting.h"
+#include "store/BulkWriter.h"
 
 #include <array>
 #include <cstdint>
@@ -11,7 +12,6 @@
 
 namespace corvane::store {
 class Database;
-struct TableDef;
 } // namespace corvane::store
 
 namespace corvane::ledger {
@@ -38,23 +38,19 @@ public:
 
 private:
     struct YearTotals {
-        std::optional<std::int64_t> RowId; // nothing for a row still to be inserted
+        std::optional<store::RowRef> Row; // nothing for a row still to be inserted
         std::array<std::optional<Money>, 12> Amounts;
         bool Changed = false;
     };
     using TotalsKey = std::pair<AccountKey, int>;
 
     YearTotals& Totals(const AccountKey& account, int year);
-    int FieldIndex(const store::TableDef& def, std::string_view name) const;
 
     store::Database& db_;
-    const store::TableDef& histDef_;
-    const store::TableDef& actualDef_;
-    std::string insertHistorySql_;
-    std::string insertActualSql_;
-    std::string updateActualSql_;
-    std::vector<int> histFields_;   // positions of the history fields posting fills
-    std::vector<int> actualFields_; // positions of the key, ActualBudget and Amount1..12
+    store::BulkInsert history_;
+    store::BulkLookup findTotals_;
+    store::BulkInsert insertTotals_;
+    store::BulkUpdate updateTotals_;
     std::map<TotalsKey, YearTotals> totals_;
     // The history's ids are drawn from the counter once and handed out in turn; the counter
     // learns the last one at the flush. Nobody else writes while the run's transaction lasts.
