@@ -97,6 +97,8 @@ int ReportCommand(const std::vector<std::string>& args, const reports::ReportReg
     store::Database db(session);
     db.SetDirectory(line->Folder);
     db.Open();
+    // The whole report from one moment of the company, whatever commits meanwhile.
+    store::ReadSnapshot snapshot(db);
     std::unique_ptr<reports::TrptBase> report;
     try {
         report = (*factory)(db, line->Request);

@@ -51,12 +51,11 @@ void Database::Open() {
                                               "' is not a company database: it holds no " +
                                               std::string(MarkFileName));
     auto conn = std::make_unique<Connection>((fs::path(directory_) / MarkFileName).string(),
-                                             Connection::Mode::ReadWrite);
+                                             Connection::Mode::ReadWrite, session_.BusyTimeoutMs);
     // The rollback journal, not WAL: WAL needs memory shared on one host, and a company folder
     // is meant to be shared over the network. Every commit is synced to disk.
     conn->Exec("PRAGMA journal_mode = DELETE");
     conn->Exec("PRAGMA synchronous = FULL");
-    conn->Exec("PRAGMA busy_timeout = " + std::to_string(session_.BusyTimeoutMs));
     // A large cache keeps a long posting run from spilling to the file before it commits,
     // which would lock readers out early.
     conn->Exec("PRAGMA cache_size = -65536");
@@ -301,6 +300,34 @@ void Transaction::Commit() {
 void Transaction::Rollback() {
     open_ = false;
     db_.Rollback();
+}
+
+ReadSnapshot::ReadSnapshot(Database& db) : db_(db) {
+    Connection& conn = db_.Conn();
+    if (conn.InTransaction()) return;
+    conn.Exec("BEGIN");
+    open_ = true;
+    try {
+        // A deferred transaction takes its read lock at the first read: take it now, so that
+        // the snapshot is the company as it is at this point.
+        conn.Exec("SELECT count(*) FROM main.sqlite_schema");
+    } catch (...) {
+        conn.Exec("ROLLBACK");
+        open_ = false;
+        throw;
+    }
+}
+
+ReadSnapshot::~ReadSnapshot() {
+    if (!open_ || !db_.Connected()) return;
+    try {
+        db_.Conn().Exec("COMMIT");
+    } catch (...) {
+        try {
+            db_.Conn().Exec("ROLLBACK");
+        } catch (...) {
+        }
+    }
 }
 
 } // namespace corvane::store

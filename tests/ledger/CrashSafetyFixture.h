@@ -105,6 +105,8 @@ protected:
             ADD_FAILURE() << what << ": the company does not open again: " << e.what();
             return Outcome::Broken;
         }
+        // The killed run's journal was rolled back by this open and is gone.
+        EXPECT_FALSE(std::filesystem::exists(work_ + "/company.DAT-journal")) << what;
         {
             store::Statement s(db.Conn(), "PRAGMA main.integrity_check");
             EXPECT_TRUE(s.Step());

@@ -87,6 +87,9 @@ void CheckTotals(store::Database& db, std::vector<std::string>& out) {
 
 std::vector<std::string> CheckLedger(store::Database& db) {
     std::vector<std::string> differences;
+    // The vouchers, the history and the totals from one moment: a commit between two of the
+    // reads would show a difference that is not there.
+    store::ReadSnapshot snapshot(db);
     CheckVoucherBalances(db, differences);
     CheckTotals(db, differences);
     return differences;

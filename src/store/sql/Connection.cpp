@@ -4,6 +4,7 @@
 #include "store/sql/Bind.h"
 
 #include <cmath>
+#include <filesystem>
 #include <sqlite3.h>
 #include <utility>
 
@@ -194,8 +195,16 @@ const std::string& Connection::VfsForNewConnections() {
     return NewConnectionVfs();
 }
 
-Connection::Connection(const std::string& path, Mode mode) {
-    int flags = SQLITE_OPEN_NOMUTEX | SQLITE_OPEN_URI;
+Connection::Connection(const std::string& path, Mode mode, int busyTimeoutMs) {
+    // A company folder is a path, whatever its name begins with: SQLite may be built to read
+    // any name beginning with "file:" as a URI, which an absolute path never is.
+    int flags = SQLITE_OPEN_NOMUTEX;
+    std::string file = path;
+    if (!file.empty() && file != ":memory:") {
+        std::error_code ec;
+        std::filesystem::path absolute = std::filesystem::absolute(path, ec);
+        if (!ec) file = absolute.string();
+    }
     switch (mode) {
     case Mode::ReadWrite:
         flags |= SQLITE_OPEN_READWRITE;
@@ -208,7 +217,7 @@ Connection::Connection(const std::string& path, Mode mode) {
         break;
     }
     const std::string& vfs = NewConnectionVfs();
-    int rc = sqlite3_open_v2(path.c_str(), &db_, flags, vfs.empty() ? nullptr : vfs.c_str());
+    int rc = sqlite3_open_v2(file.c_str(), &db_, flags, vfs.empty() ? nullptr : vfs.c_str());
     if (rc != SQLITE_OK) {
         std::string message = db_ ? sqlite3_errmsg(db_) : "out of memory";
         sqlite3_close_v2(db_);
@@ -216,6 +225,9 @@ Connection::Connection(const std::string& path, Mode mode) {
         ThrowEngineError(EngineCodeFor(rc), "Unable to open '" + path + "': " + message);
     }
     sqlite3_extended_result_codes(db_, 1);
+    // Before anything reads the file: even the first look at its header meets another
+    // process's commit, and must wait for it rather than fail.
+    if (busyTimeoutMs > 0) sqlite3_busy_timeout(db_, busyTimeoutMs);
 }
 
 Connection::~Connection() {
