@@ -1,5 +1,6 @@
 #include "cli/Commands.h"
 
+#include "cli/CommandCompany.h"
 #include "cli/LedgerCommands.h"
 #include "cli/NewCompanyCommand.h"
 #include "cli/QueryCsv.h"
@@ -11,8 +12,10 @@
 #include "store/Table.h"
 #include "store/tables/CompanyDatabase.h"
 
+#include <cstddef>
 #include <cstdio>
 #include <iostream>
+#include <optional>
 
 namespace corvane::cli {
 
@@ -33,15 +36,16 @@ void Usage() {
                "       corvane-cli export-ledger FOLDER\n"
                "       corvane-cli report COMPANY NAME [--OPTION VALUE]...\n"
                "                          (--pdf FILE | --text FILE)\n"
-               "       corvane-cli report --list\n",
+               "       corvane-cli report --list\n"
+               "A company with users needs --user NAME on every command that opens it; the\n"
+               "password comes from CORVANE_PASSWORD or is asked at the terminal.\n",
                stderr);
 }
 
 int PrintTables(const std::string& folder) {
     Session session;
     Database db(session);
-    db.SetDirectory(folder);
-    db.Open();
+    OpenForCommand(db, folder, "Security", "Security");
     std::printf("%-12s %7s %7s %9s\n", "Table", "Fields", "Indexes", "Rows");
     for (const auto& name : db.TableNames()) {
         const TableDef& def = db.TableDefinition(Database::MainSchema, name);
@@ -56,16 +60,37 @@ int PrintTables(const std::string& folder) {
 int PrintQuery(const std::string& folder, const std::string& text) {
     Session session;
     Database db(session);
-    db.SetDirectory(folder);
-    db.Open();
+    OpenForCommand(db, folder, "Security", "Security");
     for (const auto& line : QueryCsvLines(db, text))
         std::cout << line << "\n";
     return 0;
 }
 
+// Takes --user NAME out of the words of a command on a company; false when it is malformed.
+bool TakeUser(std::vector<std::string>& args) {
+    std::optional<std::string> user;
+    for (std::size_t i = 0; i < args.size();) {
+        if (args[i] != "--user") {
+            ++i;
+            continue;
+        }
+        if (user || i + 1 >= args.size()) return false;
+        user = args[i + 1];
+        args.erase(args.begin() + static_cast<std::ptrdiff_t>(i),
+                   args.begin() + static_cast<std::ptrdiff_t>(i + 2));
+    }
+    SetCommandUser(user);
+    return true;
+}
+
 } // namespace
 
-int RunCommand(const std::vector<std::string>& args) {
+int RunCommand(const std::vector<std::string>& words) {
+    std::vector<std::string> args = words;
+    if (!TakeUser(args)) {
+        Usage();
+        return 2;
+    }
     if (args.size() == 2 && args[0] == "create-company") {
         tables::CreateCompanyDatabase(args[1]);
         return PrintTables(args[1]);

@@ -1,5 +1,8 @@
 #include "cli/LedgerCommands.h"
 
+#include "cli/CommandCompany.h"
+#include "store/FileError.h"
+
 #include "ledger/posting/LedgerCheck.h"
 #include "ledger/posting/LedgerExport.h"
 #include "ledger/posting/PostingRun.h"
@@ -16,8 +19,7 @@ namespace corvane::cli {
 int PostVouchers(const std::string& folder, std::ostream& out, std::ostream& err) {
     store::Session session;
     store::Database db(session);
-    db.SetDirectory(folder);
-    db.Open();
+    OpenForCommand(db, folder, "JVs", "JVs");
     // Nobody is there to answer the lock question: the store's own retries are the wait, and
     // the question itself, which names the table another job holds, is what the user reads.
     std::string lockQuestion;
@@ -33,6 +35,9 @@ int PostVouchers(const std::string& folder, std::ostream& out, std::ostream& err
         const auto posted = ledger::PostingRun(db).Run(giveUp);
         out << posted << " JV(s) posted\n";
         return 0;
+    } catch (const store::EngineError& e) {
+        err << (lockQuestion.empty() ? store::NotDoneMessage("Posting", e) : lockQuestion) << "\n";
+        return 1;
     } catch (const std::exception& e) {
         err << (lockQuestion.empty() ? std::string(e.what()) : lockQuestion) << "\n";
         return 1;
@@ -42,8 +47,7 @@ int PostVouchers(const std::string& folder, std::ostream& out, std::ostream& err
 int CheckLedger(const std::string& folder, std::ostream& out) {
     store::Session session;
     store::Database db(session);
-    db.SetDirectory(folder);
-    db.Open();
+    OpenForCommand(db, folder, "GLReports", "GL Reports");
     auto differences = ledger::CheckLedger(db);
     for (const auto& line : receivables::CheckReceivables(db))
         differences.push_back(line);
@@ -57,8 +61,7 @@ int CheckLedger(const std::string& folder, std::ostream& out) {
 int ExportLedger(const std::string& folder, std::ostream& out) {
     store::Session session;
     store::Database db(session);
-    db.SetDirectory(folder);
-    db.Open();
+    OpenForCommand(db, folder, "GLReports", "GL Reports");
     ledger::ExportLedger(db, out);
     return 0;
 }

@@ -22,9 +22,9 @@ namespace fs = std::filesystem;
 namespace {
 
 const char* const kUsage =
-    "usage: corvane-cli new-company FOLDER [--name NAME] [--year YEAR] [--currency CURRENCY]\n"
-    "                               [--bank BANK] [--tax NAME:RATE]\n"
-    "       corvane-cli new-company FOLDER --sample [--size VOUCHERS]\n";
+    "usage: corvane-cli new-company FOLDER [--shared] [--name NAME] [--year YEAR]\n"
+    "                               [--currency CURRENCY] [--bank BANK] [--tax NAME:RATE]\n"
+    "       corvane-cli new-company FOLDER [--shared] --sample [--size VOUCHERS]\n";
 
 struct NewCompanyLine {
     std::string Folder;
@@ -34,6 +34,8 @@ struct NewCompanyLine {
     // The sample company instead of the wizard's answers, of this many vouchers when given.
     bool Sample = false;
     std::optional<int> SampleVouchers;
+    // Readable and writable by the user's group as well as the user.
+    bool Shared = false;
 };
 
 int YearOf(const std::string& text) {
@@ -57,6 +59,10 @@ std::optional<NewCompanyLine> ParseLine(const std::vector<std::string>& args) {
         }
         if (word == "--sample") {
             line.Sample = true;
+            continue;
+        }
+        if (word == "--shared") {
+            line.Shared = true;
             continue;
         }
         if (i + 1 >= args.size()) return std::nullopt;
@@ -127,7 +133,7 @@ void RemoveMade(const fs::path& folder, bool folderExisted, const std::set<fs::p
 }
 
 void MakeCompany(const NewCompanyLine& line, std::ostream& out) {
-    store::tables::CreateCompanyDatabase(line.Folder);
+    store::tables::CreateCompanyDatabase(line.Folder, line.Shared);
     store::Session session;
     store::Database db(session);
     db.SetDirectory(line.Folder);

@@ -1,10 +1,13 @@
 #include "cli/ReportCommand.h"
 
+#include "cli/CommandCompany.h"
+
 #include "core/Exception.h"
 #include "program/ProgramReports.h"
 #include "reports/run/PreviewReport.h"
 #include "reports/run/ReportRegistry.h"
 #include "reports/run/TrptBase.h"
+#include "store/CompanyFile.h"
 #include "store/Database.h"
 #include "store/EngineError.h"
 #include "store/Session.h"
@@ -95,8 +98,7 @@ int ReportCommand(const std::vector<std::string>& args, const reports::ReportReg
 
     store::Session session;
     store::Database db(session);
-    db.SetDirectory(line->Folder);
-    db.Open();
+    OpenForCommand(db, line->Folder, "GLReports", "GL Reports");
     // The whole report from one moment of the company, whatever commits meanwhile.
     store::ReadSnapshot snapshot(db);
     std::unique_ptr<reports::TrptBase> report;

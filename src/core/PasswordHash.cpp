@@ -108,4 +108,9 @@ bool PasswordHash::Verify(std::string_view text, std::string_view stored) {
     return CRYPTO_memcmp(computed.data(), parsed->Hash.data(), computed.size()) == 0;
 }
 
+bool PasswordHash::NeedsUpgrade(std::string_view stored) {
+    std::optional<StoredHash> parsed = Parse(stored);
+    return parsed && parsed->Iterations < DefaultIterations;
+}
+
 } // namespace corvane

@@ -10,7 +10,7 @@ namespace corvane {
 // base64), so that the number of rounds can grow later without making stored values unreadable.
 class PasswordHash {
 public:
-    static constexpr int DefaultIterations = 100000;
+    static constexpr int DefaultIterations = 600000;
     static constexpr std::string_view Scheme = "pbkdf2-sha256";
     static constexpr int SaltBytes = 16;
     static constexpr int HashBytes = 32;
@@ -23,6 +23,10 @@ public:
     // without a password) matches only the empty text; a value not in the format matches nothing.
     // The hashes are compared in constant time.
     static bool Verify(std::string_view text, std::string_view stored);
+
+    // Whether a stored value that verified should be hashed anew: it was made with fewer rounds
+    // than are used now. The login hashes the typed password again when it is.
+    static bool NeedsUpgrade(std::string_view stored);
 };
 
 } // namespace corvane

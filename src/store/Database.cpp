@@ -11,6 +11,7 @@
 
 #include <cctype>
 #include <filesystem>
+#include <sqlite3.h>
 
 namespace corvane::store {
 
@@ -50,8 +51,17 @@ void Database::Open() {
         ThrowEngineError(errNotADatabase, "The folder '" + directory_ +
                                               "' is not a company database: it holds no " +
                                               std::string(MarkFileName));
+    // An empty company.DAT (a copy that failed, a disk that lost it) is no company at all; SQLite
+    // would take it for a new, empty database and every table would be missing.
+    if (fs::file_size(fs::path(directory_) / MarkFileName, ec) == 0 || ec)
+        ThrowEngineError(errNotADatabase, "The folder '" + directory_ +
+                                              "' is not a company database: its " +
+                                              std::string(MarkFileName) + " is empty");
     auto conn = std::make_unique<Connection>((fs::path(directory_) / MarkFileName).string(),
-                                             Connection::Mode::ReadWrite, session_.BusyTimeoutMs);
+                                             Connection::Mode::ReadWrite);
+    // Before anything reads the file: even the first look at its header (setting the journal
+    // mode) may meet another process's commit, and must wait for it rather than fail.
+    sqlite3_busy_timeout(conn->Handle(), session_.BusyTimeoutMs);
     // The rollback journal, not WAL: WAL needs memory shared on one host, and a company folder
     // is meant to be shared over the network. Every commit is synced to disk.
     conn->Exec("PRAGMA journal_mode = DELETE");
@@ -62,6 +72,15 @@ void Database::Open() {
     conn->Exec("PRAGMA temp_store = MEMORY");
     // Reading the schema proves the file is a sound database before anything relies on it.
     conn->Exec("SELECT count(*) FROM sqlite_schema");
+    // A journal left by a process killed before it had written a whole header is not "hot":
+    // SQLite neither rolls it back nor removes it. Under the write lock no other process can be
+    // using a journal, so one still there then is a leftover.
+    const fs::path journal = fs::path(directory_) / (std::string(MarkFileName) + "-journal");
+    if (fs::exists(journal, ec)) {
+        conn->Exec("BEGIN IMMEDIATE");
+        fs::remove(journal, ec);
+        conn->Exec("ROLLBACK");
+    }
     conn->Exec("ATTACH DATABASE ':memory:' AS memory");
     conn->Exec(schema::CreateAutoIncTableStatement(MemorySchema));
     sql::RegisterSqlFunctions(conn->Handle());
@@ -300,34 +319,6 @@ void Transaction::Commit() {
 void Transaction::Rollback() {
     open_ = false;
     db_.Rollback();
-}
-
-ReadSnapshot::ReadSnapshot(Database& db) : db_(db) {
-    Connection& conn = db_.Conn();
-    if (conn.InTransaction()) return;
-    conn.Exec("BEGIN");
-    open_ = true;
-    try {
-        // A deferred transaction takes its read lock at the first read: take it now, so that
-        // the snapshot is the company as it is at this point.
-        conn.Exec("SELECT count(*) FROM main.sqlite_schema");
-    } catch (...) {
-        conn.Exec("ROLLBACK");
-        open_ = false;
-        throw;
-    }
-}
-
-ReadSnapshot::~ReadSnapshot() {
-    if (!open_ || !db_.Connected()) return;
-    try {
-        db_.Conn().Exec("COMMIT");
-    } catch (...) {
-        try {
-            db_.Conn().Exec("ROLLBACK");
-        } catch (...) {
-        }
-    }
 }
 
 } // namespace corvane::store

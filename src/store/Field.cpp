@@ -1,6 +1,8 @@
 #include "store/Field.h"
 #include "store/ValueConversion.h"
 
+#include "core/MoneyLimit.h"
+
 #include "core/DateEntry.h"
 #include "core/DisplayFormat.h"
 #include "core/Text.h"
@@ -281,6 +283,10 @@ Value Field::Coerce(const Value& v) const {
             return Value(Money::FromDouble(v.Float()));
         case K::String:
             if (auto m = Money::Parse(v.Str())) return Value(*m);
+            if (AmountTooLarge(v.Str()))
+                ThrowEngineError(errValueOutOfRange,
+                                 "'" + v.Str() + "' is larger than the largest amount field '" +
+                                     Label() + "' holds (" + LargestAmountText + ")");
             [[fallthrough]];
         default:
             BadValue(*this, v.DebugString(), "currency");

@@ -1,4 +1,6 @@
 #include "store/FilterExpression.h"
+
+#include "core/ExpressionDepth.h"
 #include "core/Text.h"
 
 #include "store/EngineError.h"
@@ -265,6 +267,10 @@ private:
         Next();
     }
 
+    void Deeper(ExpressionDepth::Scope& levels) {
+        if (!levels.Enter()) Fail(Peek().Pos, ExpressionTooDeep);
+    }
+
     NodePtr Binary(NodeKind kind, std::size_t pos, NodePtr left, NodePtr right) {
         NodePtr n = MakeNode(kind, pos);
         n->Kids.push_back(std::move(left));
@@ -278,8 +284,11 @@ private:
     }
 
     NodePtr ParseOr() {
+        ExpressionDepth::Scope levels(depth_);
+        Deeper(levels);
         NodePtr left = ParseAnd();
         while (IsWord(Peek(), "or")) {
+            Deeper(levels);
             const std::size_t pos = Next().Pos;
             left = Binary(NodeKind::Or, pos, std::move(left), ParseAnd());
         }
@@ -287,8 +296,10 @@ private:
     }
 
     NodePtr ParseAnd() {
+        ExpressionDepth::Scope levels(depth_);
         NodePtr left = ParseNot();
         while (IsWord(Peek(), "and")) {
+            Deeper(levels);
             const std::size_t pos = Next().Pos;
             left = Binary(NodeKind::And, pos, std::move(left), ParseNot());
         }
@@ -297,6 +308,8 @@ private:
 
     NodePtr ParseNot() {
         if (!IsWord(Peek(), "not")) return ParsePredicate();
+        ExpressionDepth::Scope levels(depth_);
+        Deeper(levels);
         NodePtr n = MakeNode(NodeKind::Not, Next().Pos);
         n->Kids.push_back(ParseNot());
         return n;
@@ -373,8 +386,10 @@ private:
     }
 
     NodePtr ParseAdditive() {
+        ExpressionDepth::Scope levels(depth_);
         NodePtr left = ParseMultiplicative();
         while (Peek().Kind == Tok::Plus || Peek().Kind == Tok::Minus) {
+            Deeper(levels);
             const Token& op = Next();
             left = Binary(NodeKind::Arith, op.Pos, RequireValue(std::move(left)),
                           RequireValue(ParseMultiplicative()));
@@ -384,8 +399,10 @@ private:
     }
 
     NodePtr ParseMultiplicative() {
+        ExpressionDepth::Scope levels(depth_);
         NodePtr left = ParseUnary();
         while (Peek().Kind == Tok::Star || Peek().Kind == Tok::Slash) {
+            Deeper(levels);
             const Token& op = Next();
             left = Binary(NodeKind::Arith, op.Pos, RequireValue(std::move(left)),
                           RequireValue(ParseUnary()));
@@ -395,6 +412,8 @@ private:
     }
 
     NodePtr ParseUnary() {
+        ExpressionDepth::Scope levels(depth_);
+        Deeper(levels);
         if (Peek().Kind == Tok::Plus) {
             Next();
             return RequireValue(ParseUnary());
@@ -508,6 +527,7 @@ private:
     std::string_view src_;
     const TableDef& table_;
     std::vector<Token> toks_;
+    ExpressionDepth depth_;
     std::size_t at_ = 0;
 };
 

@@ -7,7 +7,9 @@
 #include <chrono>
 #include <cstring>
 #include <fcntl.h>
+#include <filesystem>
 #include <stdexcept>
+#include <sys/stat.h>
 #include <thread>
 #include <unistd.h>
 
@@ -49,7 +51,18 @@ LockManager::LockManager(const std::string& lockFilePath, LockPolicy policy)
     : path_(lockFilePath), policy_(policy) {
     // Close-on-exec: a child that inherited the file description would keep this process's
     // locks alive after it died.
-    fd_ = ::open(lockFilePath.c_str(), O_RDWR | O_CREAT | O_CLOEXEC, 0666);
+    fd_ = ::open(lockFilePath.c_str(), O_RDWR | O_CREAT | O_EXCL | O_CLOEXEC, 0600);
+    if (fd_ >= 0) {
+        // A new lock file is as open as its folder: the user's own, or the group's too in a
+        // shared company, whatever the process's umask would make of it.
+        struct stat folder {};
+        const std::string dir = std::filesystem::path(lockFilePath).parent_path().string();
+        const bool shared = ::stat(dir.empty() ? "." : dir.c_str(), &folder) == 0 &&
+                            (folder.st_mode & S_IRWXG) == S_IRWXG;
+        ::fchmod(fd_, shared ? 0660 : 0600);
+    } else if (errno == EEXIST) {
+        fd_ = ::open(lockFilePath.c_str(), O_RDWR | O_CLOEXEC);
+    }
     if (fd_ < 0)
         ThrowEngineError(errIo, "Unable to open the lock file '" + lockFilePath +
                                     "': " + std::strerror(errno));

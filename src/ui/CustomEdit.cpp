@@ -103,6 +103,24 @@ bool CustomEdit::ReplaceSelection(const std::string& typed) {
     if (IsReadOnly()) return refuse();
     auto start = static_cast<std::size_t>(SelStart());
     auto end = start + static_cast<std::size_t>(SelLength());
+    if (mask_.Empty()) {
+        // The text is changed where it stands: typing a long word costs each key its own length,
+        // not the whole text's.
+        const std::size_t size = text_.size() - (end - start) + typed.size();
+        if (std::size_t max = EffectiveMaxLength(); max > 0 && size > max && size > text_.size())
+            return refuse();
+        if (link_ && !link_->Edit()) return refuse();
+        typedSinceEnter_ = true;
+        if (link_) link_->SetModified();
+        if (end - start == typed.size() && text_.compare(start, typed.size(), typed) == 0) {
+            anchor_ = caret_ = end;
+            return true;
+        }
+        text_.replace(start, end - start, typed);
+        anchor_ = caret_ = start + typed.size();
+        if (OnChange) OnChange();
+        return true;
+    }
     std::string head = text_.substr(0, start);
     std::string tail = text_.substr(end);
     std::string next = head + typed + tail;

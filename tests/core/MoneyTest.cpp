@@ -1,4 +1,5 @@
 #include "core/Money.h"
+#include "core/MoneyLimit.h"
 
 #include "FormatSettingsFixture.h"
 
@@ -93,4 +94,33 @@ TEST(MoneyTextTest, ToStringKeepsFourDecimalsAndReadsBack) {
         EXPECT_EQ(Money::Parse(Money::FromUnits(units).ToString()), Money::FromUnits(units))
             << units;
     }
+}
+
+TEST(MoneyLimitTest, SumsPastTheLargestAmountThrowInsteadOfWrapping) {
+    const Money largest = Money::FromUnits(corvane::LargestAmountUnits);
+    const Money least = Money::FromUnits(1);
+    EXPECT_EQ(corvane::CheckedSum(corvane::CheckedDifference(largest, least), least), largest);
+    EXPECT_THROW(corvane::CheckedSum(largest, least), corvane::MoneyOverflow);
+    EXPECT_THROW(corvane::CheckedDifference(-largest, least), corvane::MoneyOverflow);
+    EXPECT_THROW(corvane::CheckedDifference(least, -largest), corvane::MoneyOverflow);
+    try {
+        corvane::CheckedSum(largest, least);
+    } catch (const corvane::MoneyOverflow& e) {
+        EXPECT_STREQ(e.what(), "The amount is larger than the largest amount the system holds "
+                               "(922,337,203,685,477.5807).");
+    }
+}
+
+TEST_F(MoneyParseTest, TheLargestAmountReadsAndOneMoreIsTooLarge) {
+    EXPECT_EQ(Money::Parse("922,337,203,685,477.5807"),
+              Money::FromUnits(corvane::LargestAmountUnits));
+    EXPECT_EQ(Money::Parse("-922337203685477.5807"),
+              -Money::FromUnits(corvane::LargestAmountUnits));
+    EXPECT_EQ(Money::Parse("922337203685477.5808"), std::nullopt);
+    EXPECT_TRUE(corvane::AmountTooLarge("922337203685477.5808"));
+    EXPECT_TRUE(corvane::AmountTooLarge("(99,999,999,999,999,999)"));
+    EXPECT_TRUE(corvane::AmountTooLarge("-1000000000000000"));
+    EXPECT_FALSE(corvane::AmountTooLarge("12x"));
+    EXPECT_FALSE(corvane::AmountTooLarge("99999999999999999999.12345"));
+    EXPECT_FALSE(corvane::AmountTooLarge("922337203685477.5807"));
 }

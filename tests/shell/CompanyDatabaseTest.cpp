@@ -91,6 +91,30 @@ TEST_F(CompanyDatabaseTest, ANewCompanyGetsTheFirstFreeDataFolderItsTablesAndThe
                            }));
 }
 
+// The check box opens a new company's folder to the user's group before its tables are made;
+// unchecked, the folder stays the user's own. It is offered only where a company is made.
+TEST_F(CompanyDatabaseTest, TheSharedBoxOpensANewFolderToTheGroup) {
+    for (const bool shared : {true, false}) {
+        const std::string name = shared ? "Shared" : "Own";
+        shell.Calls.clear();
+        Run(TfrmCompanyDatabase::kAddNewCompany, [&](ui::FormDriver& d) {
+            EXPECT_TRUE(d.Visible("chkShared"));
+            d.EnterText("editCompanyName", name);
+            d.EnterText("editDatabase", Common(name));
+            d.SetChecked("chkShared", shared);
+            d.Click("btnOK");
+        });
+        const auto mode = fs::status(Common(name)).permissions();
+        EXPECT_EQ((mode & fs::perms::group_all) == fs::perms::group_all, shared) << name;
+        EXPECT_EQ((mode & fs::perms::set_gid) == fs::perms::set_gid, shared) << name;
+    }
+    MakeDatabase("Data5");
+    Run(TfrmCompanyDatabase::kEditCompany, [&](ui::FormDriver& d) {
+        EXPECT_FALSE(d.Visible("chkShared"));
+        d.Click("btnCancel");
+    });
+}
+
 TEST_F(CompanyDatabaseTest, AFailedLoginLeavesTheMenusOffButKeepsTheShortcut) {
     shell.LoginSucceeds = false;
     auto result = Run(TfrmCompanyDatabase::kAddNewCompany, [&](ui::FormDriver& d) {

@@ -1,8 +1,10 @@
 #include "core/IniFile.h"
+#include "shell/main/BackgroundIntegrity.h"
 #include "shell/main/FormRegistry.h"
 #include "shell/main/ShellForms.h"
 #include "shell/main/TfrmCorvane.h"
 #include "shell/users/TfrmUsers.h"
+#include "store/FileError.h"
 #include "store/tables/CompanyDatabase.h"
 #include "support/ChildProcess.h"
 #include "support/ScopedDataHome.h"
@@ -151,6 +153,24 @@ TEST_F(MainFormTest, ADamagedCompanyTableIsRepairedAndGetsAPlaceHolderRow) {
         << warning.Text;
     EXPECT_EQ(main.tblCompany.FieldByName("CompanyName").AsString(), "Data lost: please re-enter");
     EXPECT_EQ(main.tblCompany.FieldByName("FiscalYear").AsInteger(), 1990);
+}
+
+// Damage outside the Company table is found by the check that reads the whole company after
+// it opens, beside the user's work; a sound company says nothing.
+TEST_F(MainFormTest, TheCheckAfterOpeningTellsOfDamageAnywhere) {
+    MarkCompany("2017.8");
+    auto& main = Main();
+    EXPECT_TRUE(main.OpenCompany("", folder_.Path()));
+    main.IntegrityCheck().Finish();
+    EXPECT_TRUE(dialogs.Shown().empty());
+    main.CloseAllForms();
+
+    DamageObject("GLHist");
+    EXPECT_TRUE(main.OpenCompany("", folder_.Path()));
+    main.IntegrityCheck().Finish();
+    ASSERT_EQ(dialogs.Shown().size(), 1u);
+    EXPECT_EQ(dialogs.Shown().front().Type, ui::MsgType::Error);
+    EXPECT_EQ(dialogs.LastText(), store::CorruptMessage(folder_.Path()));
 }
 
 TEST_F(MainFormTest, AnEmptyCompanyTableOpensAndTheSampleIsKnownByItsName) {

@@ -22,6 +22,9 @@ inline constexpr const char* PostedCannotChange =
     "Posted JVs cannot be changed...\n\nTo make changes you need to unpost the JV using the "
     "button at the top right\n(not available for JVs from a prior closed year, but you can "
     "re-open the year)";
+inline constexpr const char* TotalTooLarge =
+    "The voucher's debits or credits would be larger than the largest amount a voucher holds "
+    "(922,337,203,685,477.5807)...\nMake changes or press Esc to undo";
 inline constexpr const char* LineNoAccount =
     "'GL Account' must be entered...\nMake changes or press Esc to undo";
 inline constexpr const char* LineUnknownAccount =

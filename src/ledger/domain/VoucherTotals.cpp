@@ -1,6 +1,7 @@
 #include "ledger/domain/VoucherTotals.h"
 
 #include "core/DisplayFormat.h"
+#include "core/MoneyLimit.h"
 
 namespace corvane::ledger {
 
@@ -22,17 +23,18 @@ void VoucherTotals::Clear() {
 
 void VoucherTotals::Remove(Money amount) {
     if (amount > Money())
-        debits_ -= amount;
+        debits_ = CheckedDifference(debits_, amount);
     else
-        credits_ -= amount;
+        credits_ = CheckedDifference(credits_, amount);
 }
 
 void VoucherTotals::LineSaved(Money before, Money after) {
     Remove(before);
+    // Checked: a total past the largest amount throws rather than turning negative.
     if (after > Money())
-        debits_ += after;
+        debits_ = CheckedSum(debits_, after);
     else
-        credits_ += after;
+        credits_ = CheckedSum(credits_, after);
 }
 
 void VoucherTotals::LineDeleted(Money amount) {

@@ -3,6 +3,7 @@
 #include "core/Money.h"
 #include "ledger/posting/RowColumns.h"
 #include "ledger/posting/VoucherPosting.h"
+#include "store/CompanyFile.h"
 #include "store/Query.h"
 
 #include <map>

@@ -1,5 +1,7 @@
 #include "ledger/posting/LedgerWriter.h"
 
+#include "core/MoneyLimit.h"
+
 #include "store/Database.h"
 #include "store/Value.h"
 
@@ -103,7 +105,17 @@ void LedgerWriter::AddToTotals(const BalanceDelta& delta) {
     YearTotals& totals = Totals(delta.Account, delta.GLYear);
     if (delta.GLPeriod < 1 || delta.GLPeriod > 12) return;
     auto& amount = totals.Amounts[static_cast<std::size_t>(delta.GLPeriod - 1)];
-    amount = amount.value_or(Money()) + delta.Amount;
+    try {
+        amount = CheckedSum(amount.value_or(Money()), delta.Amount);
+    } catch (const MoneyOverflow&) {
+        const auto& a = delta.Account;
+        throw Exception("Posting was not done: the total of GL account id " +
+                        (a.GLAccountID ? std::to_string(*a.GLAccountID) : std::string("(none)")) +
+                        " for period " + std::to_string(delta.GLPeriod) + "/" +
+                        std::to_string(delta.GLYear) +
+                        " would be larger than the largest amount the ledger holds (" +
+                        LargestAmountText + "). Nothing was changed.");
+    }
     totals.Changed = true;
 }
 

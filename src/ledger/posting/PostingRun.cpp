@@ -3,6 +3,7 @@
 #include "ledger/posting/LedgerWriter.h"
 #include "ledger/posting/VoucherReader.h"
 #include "store/Database.h"
+#include "store/FileError.h"
 #include "store/LockManager.h"
 #include "store/Table.h"
 
@@ -35,6 +36,16 @@ private:
 } // namespace
 
 std::int64_t PostingRun::Run(const LockRetryQuestion& askRetry) {
+    try {
+        return RunLocked(askRetry);
+    } catch (const store::FileError& e) {
+        // A failing disk or a damaged file says what did not happen and that nothing changed:
+        // by now the transaction has rolled back and the locks are given back.
+        throw store::FileError(e.ErrorCode(), store::NotDoneMessage("Posting", e), e.Reason());
+    }
+}
+
+std::int64_t PostingRun::RunLocked(const LockRetryQuestion& askRetry) {
     // A refusal of the second lock unwinds the first: the members are destroyed in reverse.
     RunLocks locks(db_, askRetry);
     // The history is not locked, but no other job may hold it locked while rows go in.

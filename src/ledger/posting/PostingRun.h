@@ -30,6 +30,7 @@ public:
     std::int64_t Run(const LockRetryQuestion& askRetry);
 
 private:
+    std::int64_t RunLocked(const LockRetryQuestion& askRetry);
     store::Database& db_;
 };
 

@@ -1,5 +1,7 @@
 #include "ledger/vouchers/TfrmJV.h"
 
+#include "core/MoneyLimit.h"
+
 #include "core/Date.h"
 #include "core/Exception.h"
 #include "core/Text.h"
@@ -351,6 +353,14 @@ void TfrmJV::CheckLine() {
         if (!sub.IsNull() &&
             subTables[level]->Lookup("SubAccountID", {sub}, "SubAccountID").IsNull())
             throw Exception(LineUnknownSubaccount(level + 1));
+    }
+    // The totals this line would make, before it is written: a sum past the largest amount
+    // is refused here rather than after the line is in the table.
+    VoucherTotals after = totals_;
+    try {
+        after.LineSaved(lineBefore_, tblJVDet.FieldByName("GLAmount").AsMoney());
+    } catch (const MoneyOverflow&) {
+        throw Exception(text::TotalTooLarge);
     }
     store::Field& seq = tblJVDet.FieldByName("Seq");
     if (seq.IsNull()) seq.SetAsInteger(nextSeq_++);

@@ -1,11 +1,14 @@
 #include "reports/engine/Expression.h"
 
+#include "core/ExpressionDepth.h"
+
 #include "reports/engine/ExpressionError.h"
 #include "reports/engine/ValueArithmetic.h"
 #include "store/Field.h"
 
 #include <algorithm>
 #include <cctype>
+#include <stdexcept>
 #include <vector>
 
 namespace corvane::reports {
@@ -267,9 +270,16 @@ private:
     }
     bool IsOp(const char* op) const { return tok_.kind == Tok::Op && tok_.text == op; }
 
+    void Deeper(ExpressionDepth::Scope& levels) const {
+        if (!levels.Enter()) Fail(ExpressionTooDeep);
+    }
+
     NodePtr ParseOr() {
+        ExpressionDepth::Scope levels(depth_);
+        Deeper(levels);
         NodePtr n = ParseAnd();
         while (IsKeyword("OR")) {
+            Deeper(levels);
             Advance();
             n = std::make_unique<Binary>(BinaryOp::Or, std::move(n), ParseAnd());
         }
@@ -277,8 +287,10 @@ private:
     }
 
     NodePtr ParseAnd() {
+        ExpressionDepth::Scope levels(depth_);
         NodePtr n = ParseNot();
         while (IsKeyword("AND")) {
+            Deeper(levels);
             Advance();
             n = std::make_unique<Binary>(BinaryOp::And, std::move(n), ParseNot());
         }
@@ -287,6 +299,8 @@ private:
 
     NodePtr ParseNot() {
         if (IsKeyword("NOT")) {
+            ExpressionDepth::Scope levels(depth_);
+            Deeper(levels);
             Advance();
             return std::make_unique<Unary>(false, ParseNot());
         }
@@ -308,8 +322,10 @@ private:
     }
 
     NodePtr ParseAdditive() {
+        ExpressionDepth::Scope levels(depth_);
         NodePtr n = ParseMultiplicative();
         while (IsOp("+") || IsOp("-")) {
+            Deeper(levels);
             const BinaryOp op = tok_.text == "+" ? BinaryOp::Add : BinaryOp::Subtract;
             Advance();
             n = std::make_unique<Binary>(op, std::move(n), ParseMultiplicative());
@@ -318,8 +334,10 @@ private:
     }
 
     NodePtr ParseMultiplicative() {
+        ExpressionDepth::Scope levels(depth_);
         NodePtr n = ParseUnary();
         while (IsOp("*") || IsOp("/")) {
+            Deeper(levels);
             const BinaryOp op = tok_.text == "*" ? BinaryOp::Multiply : BinaryOp::Divide;
             Advance();
             n = std::make_unique<Binary>(op, std::move(n), ParseUnary());
@@ -328,6 +346,8 @@ private:
     }
 
     NodePtr ParseUnary() {
+        ExpressionDepth::Scope levels(depth_);
+        Deeper(levels);
         if (IsOp("-")) {
             Advance();
             return std::make_unique<Unary>(true, ParseUnary());
@@ -349,10 +369,14 @@ private:
         switch (t.kind) {
         case Tok::Number: {
             Advance();
-            if (t.text.find('.') == std::string::npos)
-                return std::make_unique<Literal>(
-                    Value(static_cast<std::int64_t>(std::stoll(t.text))));
-            return std::make_unique<Literal>(Value(std::stod(t.text)));
+            try {
+                if (t.text.find('.') == std::string::npos)
+                    return std::make_unique<Literal>(
+                        Value(static_cast<std::int64_t>(std::stoll(t.text))));
+                return std::make_unique<Literal>(Value(std::stod(t.text)));
+            } catch (const std::logic_error&) { // out of range or not a number after all
+                Fail("the number " + t.text + " is out of range");
+            }
         }
         case Tok::String:
             Advance();
@@ -432,6 +456,7 @@ private:
     std::size_t pos_ = 0;
     Token tok_;
     bool insideAggregate_ = false;
+    ExpressionDepth depth_;
 };
 
 } // namespace

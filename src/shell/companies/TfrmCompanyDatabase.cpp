@@ -5,6 +5,7 @@
 #include "shell/companies/CompanyShell.h"
 #include "shell/companies/CompanyShortcuts.h"
 #include "shell/companies/TfrmOrganizeCompanies.h"
+#include "store/tables/CompanyDatabase.h"
 #include "ui/Application.h"
 
 #include <filesystem>
@@ -34,6 +35,7 @@ TfrmCompanyDatabase::TfrmCompanyDatabase(ui::Application& app, CompanyShell& she
     SetLayout(Column{
         FormRow{lblCompanyName, editCompanyName},
         FormRow{lblDatabase, Row{editDatabase, btnBrowse}},
+        FormRow{"", chkShared},
         ButtonRow{btnOK, btnCancel},
     });
     OnShow = [this] { FormShow(); };
@@ -58,8 +60,11 @@ void TfrmCompanyDatabase::FormShow() {
         btnBrowse.Visible = false;
         btnBrowse.Enabled = false;
         lblDatabase.Caption = "Database &Name:";
+        chkShared.Visible = false;
         return;
     }
+    // Only a company made here can be shared from the start.
+    chkShared.Visible = Caption == kAddNewCompany;
     lblDatabase.Caption = "Database &Folder:";
     if (Caption == kAddNewCompany)
         editDatabase.SetText(FirstFreeDataFolder(shell_.CommonDataFolder()));
@@ -137,6 +142,8 @@ void TfrmCompanyDatabase::Save() {
     } else if (!std::filesystem::exists(folder, error)) {
         std::filesystem::create_directories(folder, error);
     }
+    if (!remote && chkShared.Visible && chkShared.Checked() && !HoldsCompanyDatabase(folder))
+        store::tables::MarkFolderShared(folder);
 
     IniFile& settings = shell_.Settings();
     if (name != kSampleData && !editing && settings.ValueExists(kCompaniesSection, name))

@@ -1,6 +1,7 @@
 #pragma once
 
 #include "ui/Button.h"
+#include "ui/CheckBox.h"
 #include "ui/Edit.h"
 #include "ui/Form.h"
 #include "ui/Label.h"
@@ -34,6 +35,8 @@ public:
     ui::Label lblDatabase{*this, "lblDatabase", "Database Folder:"};
     ui::Edit editDatabase{*this, "editDatabase"};
     ui::Button btnBrowse{*this, "btnBrowse", "&Browse..."};
+    // A new company folder that the user's group may open too; otherwise only the user can.
+    ui::CheckBox chkShared{*this, "chkShared", "&Shared with the users of my group"};
     ui::Button btnOK{*this, "btnOK", "OK"};
     ui::Button btnCancel{*this, "btnCancel", "Cancel"};
 

@@ -1,5 +1,7 @@
 #include "shell/main/TfrmCorvane.h"
 
+#include "shell/main/BackgroundIntegrity.h"
+
 #include "core/AppFolders.h"
 #include "core/Exception.h"
 #include "core/FormatSettings.h"
@@ -35,6 +37,7 @@ TfrmCorvane::TfrmCorvane(ui::Application& app, const FormRegistry& registry,
                          std::vector<std::string> commandLine)
     : Form(app, "frmCorvane"), registry_(registry), commandLine_(std::move(commandLine)) {
     using namespace ui;
+    integrity_ = std::make_unique<BackgroundIntegrity>(App());
     KeyPreview = true;
     BuildFolders();
     Caption = ApplicationTitle;
@@ -108,6 +111,7 @@ TfrmCorvane::TfrmCorvane(ui::Application& app, const FormRegistry& registry,
 }
 
 TfrmCorvane::~TfrmCorvane() {
+    integrity_.reset();
     EditErrorHook::Install(nullptr);
 }
 

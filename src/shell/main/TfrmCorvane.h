@@ -27,6 +27,7 @@ class EngineError;
 
 namespace corvane::shell {
 
+class BackgroundIntegrity;
 class FormRegistry;
 
 // The main form: a slim bar with the menus, the tool bar and the company name, and the owner of
@@ -137,6 +138,8 @@ public:
     std::string FormOfMenu(std::string_view path) const;
     // Shows the toolbar buttons of the system named (cboSystem's text).
     void ApplyToolbarSet(const std::string& system);
+    // The check of the open company for damage, which runs beside the user's work.
+    BackgroundIntegrity& IntegrityCheck() { return *integrity_; }
     // The main form closed for good: the program ends.
     bool Terminated() const { return terminated_; }
     std::function<void()> OnTerminate;
@@ -187,6 +190,8 @@ private:
     std::vector<std::unique_ptr<ui::MenuItem>> companyItems_;
     std::vector<std::unique_ptr<ui::ToolButton>> toolButtons_;
     bool companyOpened_ = false;
+    // The check for damage that runs after each company opens.
+    std::unique_ptr<BackgroundIntegrity> integrity_;
     bool terminated_ = false;
     bool closingWithoutQuery_ = false;
 };

@@ -9,6 +9,8 @@
 #include "shell/companies/TfrmWelcome.h"
 #include "shell/main/FormRegistry.h"
 #include "shell/main/TfrmCorvane.h"
+
+#include "shell/main/BackgroundIntegrity.h"
 #include "store/EngineError.h"
 #include "store/Maintenance.h"
 #include "store/tables/CompanyDatabase.h"
@@ -124,6 +126,7 @@ bool TfrmCorvane::OpenCompany(const std::string& name, const std::string& folder
         }
     }
     companyOpened_ = true;
+    integrity_->Start(folder);
     SampleDataOpen = name == "Sample Data" ||
                      tblCompany.FieldByName("CompanyName").AsString().starts_with("Sample Data");
     txtCompanyName.Caption = tblCompany.FieldByName("CompanyName").AsString();
@@ -192,6 +195,7 @@ void TfrmCorvane::CloseWorkingForms(const std::string& refusal) {
 }
 
 void TfrmCorvane::CloseSession() {
+    integrity_->Stop();
     tblUsers.Close();
     tblCompany.Close();
     dmLookUps.CloseAll();

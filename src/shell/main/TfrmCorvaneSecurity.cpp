@@ -3,6 +3,7 @@
 #include "core/SystemUser.h"
 #include "shell/main/TfrmCorvane.h"
 #include "shell/users/TfrmLogin.h"
+#include "shell/users/UserLogin.h"
 #include "store/EngineError.h"
 #include "ui/Application.h"
 #include "ui/Dialogs.h"
@@ -33,11 +34,7 @@ bool TfrmCorvane::CheckLogin() {
         login.editPassword.SetText("");
         if (login.ShowModal() != ui::mrOK) return false;
         std::string name = login.editUserName.Text();
-        // The name as typed, letter case and all: user names are exact.
-        if (tblUsers.Locate("UserName", {store::Value(name)}) &&
-            tblUsers.FieldByName("UserName").AsString() == name &&
-            PasswordHash::Verify(login.editPassword.Text(),
-                                 tblUsers.FieldByName("Password").AsString())) {
+        if (PasswordMatches(tblUsers, name, login.editPassword.Text())) {
             CurrentUserName = name;
             return true;
         }
@@ -48,8 +45,7 @@ bool TfrmCorvane::CheckLogin() {
 bool TfrmCorvane::CheckUserAccess(const std::string& right, const std::string& displayName) {
     if (!SecurityActive) return true;
     if (!tblUsers.Active()) tblUsers.Open();
-    store::Value held = tblUsers.Lookup("UserName", {store::Value(CurrentUserName)}, right);
-    bool allowed = held.kind() == store::Value::Kind::Boolean && held.Bool();
+    bool allowed = UserHasRight(tblUsers, CurrentUserName, right);
     // Users deleted during the session leave everything open until the company is opened again.
     if (!allowed && !CurrentUserName.empty() && !tblUsers.IsEmpty()) {
         SecurityBox(App(), CurrentUserName + " is not allowed access to " +

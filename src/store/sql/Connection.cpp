@@ -1,6 +1,7 @@
 #include "store/sql/Connection.h"
 
 #include "store/EngineError.h"
+#include "store/FileError.h"
 #include "store/sql/Bind.h"
 
 #include <cmath>
@@ -195,7 +196,7 @@ const std::string& Connection::VfsForNewConnections() {
     return NewConnectionVfs();
 }
 
-Connection::Connection(const std::string& path, Mode mode, int busyTimeoutMs) {
+Connection::Connection(const std::string& path, Mode mode) {
     // A company folder is a path, whatever its name begins with: SQLite may be built to read
     // any name beginning with "file:" as a URI, which an absolute path never is.
     int flags = SQLITE_OPEN_NOMUTEX;
@@ -225,9 +226,6 @@ Connection::Connection(const std::string& path, Mode mode, int busyTimeoutMs) {
         ThrowEngineError(EngineCodeFor(rc), "Unable to open '" + path + "': " + message);
     }
     sqlite3_extended_result_codes(db_, 1);
-    // Before anything reads the file: even the first look at its header meets another
-    // process's commit, and must wait for it rather than fail.
-    if (busyTimeoutMs > 0) sqlite3_busy_timeout(db_, busyTimeoutMs);
 }
 
 Connection::~Connection() {
@@ -268,10 +266,50 @@ bool Connection::InTransaction() const {
     return sqlite3_get_autocommit(db_) == 0;
 }
 
+namespace {
+
+// What a failure of the company's file means to its user, as a clause; empty for failures of a
+// statement itself (a constraint, a syntax error), whose own text says more.
+std::string FileFailureClause(int rc) {
+    switch (rc & 0xff) {
+    case SQLITE_FULL:
+        return "the disk is full";
+    case SQLITE_IOERR:
+        return "the company's files could not be read or written (a disk or network error)";
+    case SQLITE_READONLY:
+    case SQLITE_PERM:
+        return "the company's files may not be written by this user";
+    case SQLITE_CANTOPEN:
+        return "the company's files could not be opened";
+    case SQLITE_NOMEM:
+        return "the computer has run out of memory";
+    case SQLITE_CORRUPT:
+    case SQLITE_NOTADB:
+        return "the company's data is damaged";
+    default:
+        return "";
+    }
+}
+
+} // namespace
+
 void Connection::Fail(int rc, const std::string& context) const {
+    const int code = EngineCodeFor(rc);
+    const char* file = sqlite3_db_filename(db_, "main");
+    const std::string folder =
+        file && *file ? std::filesystem::path(file).parent_path().string() : std::string();
+    if (code == errTableCorrupt)
+        throw FileError(code, CorruptMessage(folder),
+                        FileFailureClause(rc) + " (company '" + folder + "')");
+    const std::string clause = FileFailureClause(rc);
+    if (!clause.empty() && (rc & 0xff) != SQLITE_READONLY) {
+        const std::string reason = clause + " (company '" + folder + "')";
+        std::string message = "Company '" + folder + "': " + clause + ".";
+        throw FileError(code, message, reason);
+    }
     std::string message = sqlite3_errmsg(db_);
     if (!context.empty()) message = context + ": " + message;
-    ThrowEngineError(EngineCodeFor(rc), message);
+    ThrowEngineError(code, message);
 }
 
 void Connection::Check(int rc, const std::string& context) const {

@@ -67,9 +67,7 @@ private:
 class Connection {
 public:
     enum class Mode { ReadWrite, ReadWriteCreate, ReadOnly };
-    // busyTimeoutMs: how long every statement waits while another process holds the file's
-    // lock, from the very first read on.
-    Connection(const std::string& path, Mode mode, int busyTimeoutMs = 0);
+    Connection(const std::string& path, Mode mode);
     ~Connection();
     Connection(const Connection&) = delete;
     Connection& operator=(const Connection&) = delete;

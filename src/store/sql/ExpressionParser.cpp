@@ -69,9 +69,16 @@ ExprPtr ExpressionParser::MakeBinary(BinaryOp op, SourcePos pos, ExprPtr left, E
     return e;
 }
 
+void ExpressionParser::Deeper(ExpressionDepth::Scope& levels) {
+    if (!levels.Enter()) Fail(ExpressionTooDeep);
+}
+
 ExprPtr ExpressionParser::ParseOr() {
+    ExpressionDepth::Scope levels(depth_);
+    Deeper(levels);
     ExprPtr left = ParseAnd();
     while (Peek().IsWord("OR")) {
+        Deeper(levels);
         SourcePos pos = Next().Pos;
         left = MakeBinary(BinaryOp::Or, pos, std::move(left), ParseAnd());
     }
@@ -79,8 +86,10 @@ ExprPtr ExpressionParser::ParseOr() {
 }
 
 ExprPtr ExpressionParser::ParseAnd() {
+    ExpressionDepth::Scope levels(depth_);
     ExprPtr left = ParseNot();
     while (Peek().IsWord("AND")) {
+        Deeper(levels);
         SourcePos pos = Next().Pos;
         left = MakeBinary(BinaryOp::And, pos, std::move(left), ParseNot());
     }
@@ -89,6 +98,8 @@ ExprPtr ExpressionParser::ParseAnd() {
 
 ExprPtr ExpressionParser::ParseNot() {
     if (Peek().IsWord("NOT")) {
+        ExpressionDepth::Scope levels(depth_);
+        Deeper(levels);
         auto e = MakeExpr(ExprKind::Not, Next().Pos);
         e->Args.push_back(ParseNot());
         return e;
@@ -161,6 +172,7 @@ ExprPtr ExpressionParser::ParsePredicate() {
 }
 
 ExprPtr ExpressionParser::ParseAdditive() {
+    ExpressionDepth::Scope levels(depth_);
     ExprPtr left = ParseMultiplicative();
     for (;;) {
         BinaryOp op;
@@ -172,12 +184,14 @@ ExprPtr ExpressionParser::ParseAdditive() {
             op = BinaryOp::Concat;
         else
             return left;
+        Deeper(levels);
         SourcePos pos = Next().Pos;
         left = MakeBinary(op, pos, std::move(left), ParseMultiplicative());
     }
 }
 
 ExprPtr ExpressionParser::ParseMultiplicative() {
+    ExpressionDepth::Scope levels(depth_);
     ExprPtr left = ParseUnary();
     for (;;) {
         BinaryOp op;
@@ -189,12 +203,15 @@ ExprPtr ExpressionParser::ParseMultiplicative() {
             op = BinaryOp::Modulo;
         else
             return left;
+        Deeper(levels);
         SourcePos pos = Next().Pos;
         left = MakeBinary(op, pos, std::move(left), ParseUnary());
     }
 }
 
 ExprPtr ExpressionParser::ParseUnary() {
+    ExpressionDepth::Scope levels(depth_);
+    Deeper(levels);
     if (Peek().IsSymbol("+")) {
         Next();
         return ParseUnary();

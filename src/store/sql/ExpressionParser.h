@@ -1,5 +1,6 @@
 #pragma once
 
+#include "core/ExpressionDepth.h"
 #include "store/sql/SqlAst.h"
 #include "store/sql/TokenCursor.h"
 
@@ -16,6 +17,10 @@ protected:
     ExprPtr ParseExpr() { return ParseOr(); }
     TypeSpec ParseTypeSpec();
     virtual SelectStatement ParseSelectStatement() = 0;
+    // One level deeper for as long as levels lives; refuses input nested past the limit.
+    void Deeper(ExpressionDepth::Scope& levels);
+
+    ExpressionDepth depth_;
 
 private:
     ExprPtr MakeBinary(BinaryOp op, SourcePos pos, ExprPtr left, ExprPtr right);

@@ -222,6 +222,8 @@ private:
         if (AcceptSymbol("(")) {
             if (!Peek().IsWord("SELECT"))
                 Fail("expected SELECT but found " + DescribeToken(Peek()));
+            ExpressionDepth::Scope levels(depth_);
+            Deeper(levels);
             item.Derived = std::make_unique<SelectStatement>(ParseSelectStatement());
             ExpectSymbol(")");
             item.Alias = ParseOptionalAlias();

@@ -1,0 +1,30 @@
+#pragma once
+
+#include "core/Exception.h"
+#include "core/Money.h"
+
+#include <string_view>
+
+namespace corvane {
+
+// The largest amount either way that an amount field, a voucher and a ledger total hold:
+// 922,337,203,685,477.5807.
+inline constexpr std::int64_t LargestAmountUnits = INT64_MAX;
+inline constexpr const char* LargestAmountText = "922,337,203,685,477.5807";
+
+// A sum or a difference of amounts past the largest amount.
+class MoneyOverflow : public Exception {
+public:
+    MoneyOverflow();
+};
+
+// Sums that a total is made of: a result past the largest amount throws MoneyOverflow rather
+// than wrapping round to an amount of the other sign.
+Money CheckedSum(Money a, Money b);
+Money CheckedDifference(Money a, Money b);
+
+// True when the text is an amount written as Money::Parse reads one but larger than the
+// largest amount, so that the refusal can say so rather than call it no amount at all.
+bool AmountTooLarge(std::string_view text);
+
+} // namespace corvane
