@@ -15,9 +15,11 @@
 #include <algorithm>
 #include <cstddef>
 #include <iomanip>
+#include <map>
 #include <memory>
 #include <optional>
 #include <stdexcept>
+#include <utility>
 
 namespace corvane::cli {
 
@@ -66,6 +68,21 @@ std::optional<ReportLine> ParseLine(const std::vector<std::string>& args) {
     return line;
 }
 
+// The right a person needs at the menus to reach the list that prints the report, and its
+// caption; a report of no list asks for Security.
+std::pair<std::string, std::string> RightOfReport(const std::string& name) {
+    static const std::map<std::string, std::pair<std::string, std::string>> rights{
+        {"GLAccounts", {"GLAccounts", "GL Accounts"}},
+        {"JVs", {"JVs", "JVs"}},
+        {"JV", {"JVs", "JVs"}},
+        {"GLBalances", {"GLBalances", "GL Totals"}},
+        {"GLHistory", {"GLHistory", "GL History"}},
+        {"Users", {"Security", "Security"}}};
+    auto it = rights.find(name);
+    return it != rights.end() ? it->second
+                              : std::pair<std::string, std::string>{"Security", "Security"};
+}
+
 void ListReports(const reports::ReportRegistry& registry, std::ostream& out) {
     std::size_t width = 0;
     const auto list = registry.Reports();
@@ -98,7 +115,8 @@ int ReportCommand(const std::vector<std::string>& args, const reports::ReportReg
 
     store::Session session;
     store::Database db(session);
-    OpenForCommand(db, line->Folder, "GLReports", "GL Reports");
+    const auto [right, caption] = RightOfReport(line->Name);
+    OpenForCommand(db, line->Folder, right, caption);
     // The whole report from one moment of the company, whatever commits meanwhile.
     store::ReadSnapshot snapshot(db);
     std::unique_ptr<reports::TrptBase> report;

@@ -135,6 +135,20 @@ TEST_F(NewCompanyCommandTest, AMalformedLineIsAUsageErrorThroughTheCommandDispat
     EXPECT_EQ(Value(folder_, "SELECT COUNT(*) FROM Customer"), "1");
 }
 
+// A company is its maker's own; --shared opens the folder and its files to the maker's group.
+TEST_F(NewCompanyCommandTest, SharedOpensTheCompanyToTheGroup) {
+    EXPECT_EQ(Run({folder_, "--shared", "--currency", "Rand", "--bank", "B"}), 0) << err_.str();
+    const auto folder = fs::status(folder_).permissions();
+    const auto data = fs::status(fs::path(folder_) / "company.DAT").permissions();
+    EXPECT_EQ(folder & fs::perms::group_all, fs::perms::group_all);
+    EXPECT_EQ(data & fs::perms::all, fs::perms::owner_read | fs::perms::owner_write |
+                                         fs::perms::group_read | fs::perms::group_write);
+    const std::string own = folder_ + "-own";
+    EXPECT_EQ(Run({own, "--currency", "Rand", "--bank", "B"}), 0) << err_.str();
+    EXPECT_EQ(fs::status(own).permissions() & fs::perms::all, fs::perms::owner_all);
+    fs::remove_all(own);
+}
+
 TEST_F(NewCompanyCommandTest, TheSampleCompanyComesOfTheSizeAsked) {
     EXPECT_EQ(Run({folder_, "--sample", "--size", "240"}), 0);
     EXPECT_EQ(Value(folder_, "SELECT CompanyName FROM Company"), "'Sample Data Company'");

@@ -1,6 +1,7 @@
 #include "cli/ReportCommand.h"
 #include "LedgerCommandsCapture.h"
 #include "core/Exception.h"
+#include "core/PasswordHash.h"
 #include "reports/engine/TQRLabel.h"
 #include "reports/run/ReportRegistry.h"
 #include "reports/run/TrptBase.h"
@@ -12,6 +13,8 @@
 #include "support/SheetXml.h"
 
 #include <gtest/gtest.h>
+
+#include <cstdlib>
 
 #include <cstdio>
 #include <filesystem>
@@ -67,14 +70,20 @@ protected:
             std::string number = "00" + std::to_string(i);
             table.Append();
             table.FieldByName("UserName").SetAsString("user" + number.substr(number.size() - 3));
-            table.FieldByName("Password").SetAsString("secret" + std::to_string(i));
+            table.FieldByName("Password")
+                .SetAsString(PasswordHash::Hash("secret" + std::to_string(i), 1000));
             table.FieldByName("Security").SetAsBoolean(i == 1);
             table.Post();
         }
     }
     testing::CommandResult Report(std::vector<std::string> args) {
+        // The company has users: the command logs in as the one who may see them.
         args.insert(args.begin(), "report");
-        return testing::RunCaptured(args);
+        args.insert(args.end(), {"--user", "user001"});
+        ::setenv("CORVANE_PASSWORD", "secret1", 1);
+        testing::CommandResult result = testing::RunCaptured(args);
+        ::unsetenv("CORVANE_PASSWORD");
+        return result;
     }
 
     testing::TempFolder temp_;

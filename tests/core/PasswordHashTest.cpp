@@ -23,8 +23,13 @@ TEST(PasswordHash, TheStoredValueDescribesItself) {
         << stored;
     EXPECT_EQ(stored.find("secret"), std::string::npos);
     std::string byDefault = PasswordHash::Hash("secret");
-    EXPECT_EQ(byDefault.rfind("pbkdf2-sha256$100000$", 0), 0u) << byDefault;
+    EXPECT_EQ(byDefault.rfind("pbkdf2-sha256$600000$", 0), 0u) << byDefault;
     EXPECT_TRUE(PasswordHash::Verify("secret", byDefault));
+    // A value of fewer rounds than today's is renewed at the next login; today's is not.
+    EXPECT_TRUE(PasswordHash::NeedsUpgrade(stored));
+    EXPECT_FALSE(PasswordHash::NeedsUpgrade(byDefault));
+    EXPECT_FALSE(PasswordHash::NeedsUpgrade(""));
+    EXPECT_FALSE(PasswordHash::NeedsUpgrade("plain text"));
 }
 
 TEST(PasswordHash, OnlyTheSameTextVerifies) {
