@@ -4,7 +4,7 @@
 #include "core/MoneyLimit.h"
 #include "ledger/posting/LedgerCheck.h"
 #include "ledger/posting/PostingRun.h"
-#include "ledger/vouchers/VoucherTexts.h"
+#include "ledger/domain/VoucherTexts.h"
 
 namespace corvane::testing {
 namespace {
