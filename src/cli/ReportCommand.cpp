@@ -14,6 +14,8 @@
 
 #include <algorithm>
 #include <cstddef>
+#include <filesystem>
+#include <fstream>
 #include <iomanip>
 #include <map>
 #include <memory>
@@ -21,12 +23,15 @@
 #include <stdexcept>
 #include <utility>
 
+#include <unistd.h>
+
 namespace corvane::cli {
 
 namespace {
 
 const char* const kUsage = "usage: corvane-cli report COMPANY NAME [--OPTION VALUE]... "
                            "(--pdf FILE | --text FILE | --xlsx FILE)\n"
+                           "       (FILE - is standard output)\n"
                            "       corvane-cli report --list\n";
 
 struct ReportLine {
@@ -36,6 +41,15 @@ struct ReportLine {
     reports::ReportFileKind Kind = reports::ReportFileKind::Pdf;
     std::string File;
 };
+
+// The file name that stands for standard output.
+constexpr const char* kStandardOutput = "-";
+
+std::filesystem::path ScratchFile() {
+    static int made = 0;
+    return std::filesystem::temp_directory_path() /
+           ("corvane-report-" + std::to_string(::getpid()) + "-" + std::to_string(++made));
+}
 
 bool IsOption(const std::string& word) {
     return word.size() > 2 && word.rfind("--", 0) == 0;
@@ -132,8 +146,26 @@ int ReportCommand(const std::vector<std::string>& args, const reports::ReportReg
         err << e.what() << "\n" << kUsage;
         return 2;
     }
-    const int pages = reports::ReportToFile(*report, line->Kind, line->File);
-    out << pages << " page(s) written to " << line->File << "\n";
+    if (line->File != kStandardOutput) {
+        const int pages = reports::ReportToFile(*report, line->Kind, line->File);
+        err << pages << " page(s) written to " << line->File << "\n";
+        return 0;
+    }
+    // The writers write files; standard output gets the finished file, so that a redirection
+    // holds the report alone, from its first line.
+    const std::filesystem::path scratch = ScratchFile();
+    struct Remove {
+        const std::filesystem::path& path;
+        ~Remove() {
+            std::error_code ignored;
+            std::filesystem::remove(path, ignored);
+        }
+    } remove{scratch};
+    const int pages = reports::ReportToFile(*report, line->Kind, scratch.string());
+    std::ifstream in(scratch, std::ios::binary);
+    out << in.rdbuf();
+    out.flush();
+    err << pages << " page(s) written to standard output\n";
     return 0;
 }
 

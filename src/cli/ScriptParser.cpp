@@ -23,11 +23,13 @@ struct Arity {
 
 const std::map<std::string, Arity, std::less<>>& Commands() {
     static const std::map<std::string, Arity, std::less<>> commands{
-        {"company", {1, 3}}, {"start", {0, 1}}, {"open", {1, 1}},     {"menu", {1, 1}},
-        {"form", {1, 1}},    {"set", {2, 2}},   {"cell", {3, 3}},     {"type", {1, 1}},
-        {"key", {1, 2}},     {"click", {1, 1}}, {"dblclick", {1, 1}}, {"focus", {1, 1}},
-        {"select", {2, 2}},  {"check", {2, 2}}, {"choose", {2, 2}},   {"close", {0, 0}},
-        {"answer", {1, 2}},  {"modal", {1, 1}}, {"end", {0, 0}},      {"expect", {1, -1}},
+        {"company", {1, 3}},  {"start", {0, 1}},   {"open", {1, 1}},     {"menu", {1, 1}},
+        {"form", {1, 1}},     {"set", {2, 2}},     {"cell", {3, 3}},     {"type", {1, 1}},
+        {"key", {1, 2}},      {"click", {1, 1}},   {"dblclick", {1, 1}}, {"focus", {1, 1}},
+        {"select", {2, 2}},   {"check", {2, 2}},   {"choose", {2, 2}},   {"close", {0, 0}},
+        {"answer", {1, 2}},   {"modal", {1, 1}},   {"end", {0, 0}},      {"expect", {1, -1}},
+        {"settings", {4, 4}}, {"restart", {0, 0}}, {"wheel", {2, 2}},    {"locale", {1, 1}},
+        {"setup", {2, 2}},
     };
     return commands;
 }
@@ -38,7 +40,7 @@ const std::map<std::string, Arity, std::less<>>& Expectations() {
         {"disabled", {1, 1}},  {"visible", {1, 1}}, {"hidden", {1, 1}},  {"checked", {1, 1}},
         {"unchecked", {1, 1}}, {"focus", {1, 1}},   {"open", {1, 1}},    {"row", {2, -1}},
         {"grid", {1, -1}},     {"sql", {1, -1}},    {"preview", {1, 1}}, {"page", {2, 2}},
-        {"printed", {1, 1}},   {"mail", {1, 3}},
+        {"printed", {1, 1}},   {"mail", {1, 3}},    {"closed", {1, 1}}, {"setting", {3, 3}},
     };
     return kinds;
 }
@@ -118,6 +120,17 @@ void CheckWords(const ScriptLine& l) {
             throw ScriptSyntaxError(l.Number, "Unknown message box button '" + a[0] + "'");
     } else if (l.Command == "expect") {
         CheckExpectation(l);
+    } else if (l.Command == "settings") {
+        if (a[0] != "write")
+            throw ScriptSyntaxError(l.Number,
+                                    "'settings' is followed by write, not '" + a[0] + "'");
+    } else if (l.Command == "wheel") {
+        if (a[1] != "up" && a[1] != "down")
+            throw ScriptSyntaxError(l.Number,
+                                    "'wheel' is followed by up or down, not '" + a[1] + "'");
+    } else if (l.Command == "setup") {
+        if (a[0] != "sql")
+            throw ScriptSyntaxError(l.Number, "'setup' is followed by sql, not '" + a[0] + "'");
     }
 }
 

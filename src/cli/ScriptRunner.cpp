@@ -6,11 +6,15 @@
 #include "cli/ScriptWorkspace.h"
 #include "cli/demo/DemoForms.h"
 #include "company/sample/SampleCompany.h"
+#include "core/AppFolders.h"
+#include "core/IniFile.h"
+#include "core/RegionalSettings.h"
 #include "program/ProgramForms.h"
 #include "reports/preview/RecordingReportOutput.h"
 #include "reports/preview/TfrmPreview.h"
 #include "shell/main/TfrmCorvane.h"
 #include "store/Database.h"
+#include "store/Query.h"
 #include "store/Session.h"
 #include "store/Table.h"
 #include "store/tables/CompanyDatabase.h"
@@ -107,6 +111,14 @@ struct ScriptRunner::State {
     void Menu(const std::string& path);
     void OpenForm(const std::string& name);
     void CheckLeftovers();
+    // Corvane.ini as the program reads it: the main form's own copy once it is there.
+    IniFile& Settings();
+    std::unique_ptr<IniFile> settingsFile;
+    void Restart();
+    void UseLocale(const std::string& name);
+    // The regional settings the script began with, given back at its end.
+    FormatSettings savedFormat = ProcessFormatSettings();
+    void SetupSql(const std::string& statement);
     reports::TfrmPreview& Preview(ui::Form* modal) const;
     void ExpectReport(const ScriptLine& l, ui::Form* modal);
     void ExpectMail(const ScriptLine& l);
@@ -138,10 +150,12 @@ ScriptRunner::ScriptRunner(const shell::FormRegistry& registry, std::ostream& ou
                            std::filesystem::path baseDir)
     : state_(std::make_unique<State>(registry, out, std::move(baseDir))) {
     reports::ReportOutput::Install(&state_->printer);
+    state_->desktop.Country = ProcessCountryName();
 }
 
 ScriptRunner::~ScriptRunner() {
     reports::ReportOutput::Install(nullptr);
+    ProcessFormatSettings() = state_->savedFormat;
 }
 
 int ScriptRunner::Failures() const {
@@ -335,6 +349,10 @@ void ScriptRunner::State::Exec(const ScriptLine& l, ui::Form* modal) {
         return;
     }
     if (c == "expect") return Expect(l, modal);
+    if (c == "settings") return Settings().WriteString(a[1], a[2], a[3]);
+    if (c == "restart") return Restart();
+    if (c == "setup") return SetupSql(a[1]);
+    if (c == "locale") return UseLocale(a[0]);
 
     ui::FormDriver driver(Current(modal));
     if (c == "set") return driver.EnterText(a[0], a[1]);
@@ -351,6 +369,11 @@ void ScriptRunner::State::Exec(const ScriptLine& l, ui::Form* modal) {
     if (c == "check") return driver.SetChecked(a[0], a[1] == "on");
     if (c == "choose") return driver.Choose(a[0], a[1]);
     if (c == "close") return driver.Close();
+    if (c == "wheel") {
+        // The wheel is one Up or Down key where the pointer is, whatever the turn.
+        driver.Focus(a[0]);
+        return driver.PressKey(ui::KeyStroke(a[1] == "down" ? ui::Key::Down : ui::Key::Up));
+    }
     throw ui::ScriptError("Unknown command '" + c + "'");
 }
 
@@ -408,6 +431,14 @@ void ScriptRunner::State::Expect(const ScriptLine& l, ui::Form* modal) {
         CompareFlag(l, a[1], "open", form && form->Visible(), form ? "hidden" : "no such form");
         return;
     }
+    if (kind == "closed") {
+        ui::Form* form = app.FindForm(a[1]);
+        CompareFlag(l, a[1], "closed", !form || !form->Visible(), "open");
+        return;
+    }
+    if (kind == "setting")
+        return Compare(l, "the setting " + a[1] + ", " + a[2], a[3],
+                       Settings().ReadString(a[1], a[2], ""));
     if (kind == "preview" || kind == "page" || kind == "printed") return ExpectReport(l, modal);
     ui::Form& form = Current(modal);
     ui::FormDriver driver(form);
@@ -457,6 +488,48 @@ void ScriptRunner::State::Expect(const ScriptLine& l, ui::Form* modal) {
         return;
     }
     throw ui::ScriptError("Unknown expectation 'expect " + kind + "'");
+}
+
+IniFile& ScriptRunner::State::Settings() {
+    if (main) return main->Settings();
+    // Before the program starts the file is read afresh, as the program will read it.
+    settingsFile = std::make_unique<IniFile>(AppFolders().UserSettingsFolder() / "Corvane.ini");
+    return *settingsFile;
+}
+
+// The program ends as a person ends it (its close, with the questions queued for it) and starts
+// again on the same settings, with no company named on its command line.
+// The regional settings of a locale, as if the user's computer were set to it.
+void ScriptRunner::State::UseLocale(const std::string& name) {
+    auto settings = RegionalSettingsOf(name);
+    if (!settings) throw ui::ScriptError("Unknown locale '" + name + "'");
+    ApplyRegionalSettings(*settings);
+    desktop.Country = settings->CountryName;
+    if (main) main->CountryName = settings->CountryName.empty() ? "unknown" : settings->CountryName;
+}
+
+void ScriptRunner::State::Restart() {
+    if (!main) throw ui::ScriptError("The program has not started; 'restart' follows 'start'");
+    app.Run([&] { main->Close(); });
+    if (main->Visible() || !main->Terminated())
+        throw ui::ScriptError("The program did not end: " + dialogs.LastText());
+    auto forms = app.Forms();
+    for (auto it = forms.rbegin(); it != forms.rend(); ++it)
+        app.FreeForm(**it);
+    main = nullptr;
+    current.clear();
+    Main();
+    app.Run([&] { main->Show(); });
+    current = "frmCorvane";
+}
+
+// A fixture a person could not type, written before any form reads the company.
+void ScriptRunner::State::SetupSql(const std::string& statement) {
+    for (ui::Form* form : app.Forms())
+        if (form != main && form->Visible())
+            throw ui::ScriptError("'setup sql' comes before the first form opens");
+    store::Query query(Db(), statement);
+    query.ExecSQL();
 }
 
 // The current form when it is a preview, else the one named frmPreview.

@@ -2,6 +2,7 @@
 
 #include "desktop/BindingFactory.h"
 #include "desktop/ControlBinding.h"
+#include "desktop/GridBinding.h"
 #include "desktop/KeyTranslation.h"
 #include "desktop/LayoutBuilder.h"
 #include "desktop/MenuBarBinding.h"
@@ -27,7 +28,10 @@
 #include <QMoveEvent>
 #include <QPlainTextEdit>
 #include <QResizeEvent>
+#include <QScreen>
 #include <QVBoxLayout>
+
+#include <algorithm>
 
 namespace corvane::desktop {
 
@@ -165,8 +169,9 @@ void FormWindow::Pull() {
     if (ui::Control* active = form_.ActiveControl())
         if (ControlBinding* b = BindingOf(*active)) {
             QWidget* target = b->FocusWidget();
+            // As a Tab would: the control shows its focus mark, whatever moved the focus.
             if (target && target->isVisibleTo(this) && target != focusWidget())
-                target->setFocus(Qt::OtherFocusReason);
+                target->setFocus(Qt::TabFocusReason);
         }
 }
 
@@ -198,7 +203,18 @@ void FormWindow::FollowGeometry() {
         bar_->Fit();
     } else if (!sized_) {
         QSize size = LeastSize();
-        if (asked.width() > 0 && asked.height() > 0) size = size.expandedTo(asked);
+        if (asked.width() > 0 && asked.height() > 0) {
+            // The form's width counts its columns as it gave them; columns the real font made
+            // wider widen the window, as far as the screen allows.
+            int extra = 0;
+            for (const auto& b : bindings_)
+                if (auto* grid = dynamic_cast<GridBinding*>(b.get())) extra += grid->ExtraWidth();
+            QSize wanted(asked.width() + extra, asked.height());
+            if (QScreen* screen = QGuiApplication::primaryScreen())
+                wanted.setWidth(std::min(wanted.width(),
+                                         std::max(asked.width(), screen->availableSize().width())));
+            size = size.expandedTo(wanted);
+        }
         resize(size);
     } else if (asked.width() > 0 && asked.height() > 0 && asked != size()) {
         // The form changed its size since the window last told it (a list back to its start
@@ -273,10 +289,27 @@ void FormWindow::RouteKey(const QKeyEvent& event, ui::Control* target) {
     });
 }
 
+namespace {
+
+// Alt alone and Alt with a letter belong to the menu bar and the mnemonics of buttons: Qt works
+// them, and the form never hears of them.
+bool IsMenuKey(const QKeyEvent& key) {
+    if (key.key() == Qt::Key_Alt) return true;
+    if (!key.modifiers().testFlag(Qt::AltModifier) || key.modifiers().testFlag(Qt::ControlModifier))
+        return false;
+    const int k = key.key();
+    return (k >= Qt::Key_A && k <= Qt::Key_Z) || (k >= Qt::Key_0 && k <= Qt::Key_9);
+}
+
+} // namespace
+
 bool FormWindow::eventFilter(QObject* watched, QEvent* event) {
     auto it = watched_.find(watched);
     if (it == watched_.end() || orphaned_) return QDialog::eventFilter(watched, event);
     ControlBinding& binding = *it->second;
+    if ((event->type() == QEvent::KeyPress || event->type() == QEvent::ShortcutOverride) &&
+        IsMenuKey(*static_cast<QKeyEvent*>(event)))
+        return QDialog::eventFilter(watched, event);
     if (event->type() == QEvent::KeyPress) {
         auto* key = static_cast<QKeyEvent*>(event);
         // The menu key and Shift+F10 open the control's popup menu where its focus is.
@@ -310,7 +343,7 @@ bool FormWindow::eventFilter(QObject* watched, QEvent* event) {
 }
 
 void FormWindow::keyPressEvent(QKeyEvent* event) {
-    if (orphaned_) return QDialog::keyPressEvent(event);
+    if (orphaned_ || IsMenuKey(*event)) return QDialog::keyPressEvent(event);
     RouteKey(*event, nullptr);
 }
 

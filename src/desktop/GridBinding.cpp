@@ -5,9 +5,13 @@
 #include "desktop/GridTableModel.h"
 #include "ui/Grid.h"
 
+#include <QFontMetrics>
 #include <QHeaderView>
+#include <QStyle>
 #include <QTableView>
 #include <QTimer>
+
+#include <algorithm>
 
 namespace corvane::desktop {
 
@@ -31,9 +35,23 @@ GridBinding::GridBinding(FormWindow& window, ui::Grid& grid)
     rows->setDefaultSectionSize(view_->fontMetrics().height() + 6);
     view_->horizontalHeader()->setHighlightSections(false);
     view_->horizontalHeader()->setStretchLastSection(true);
+    // A column is at least as wide as its title and the widest value of its format need in the
+    // fonts really used, whatever width the form gave it.
+    QFont titleFont = view_->horizontalHeader()->font();
+    titleFont.setBold(true);
+    const QFontMetrics titles(titleFont);
+    const QFontMetrics cells(view_->font());
+    const int padding = 2 * view_->style()->pixelMetric(QStyle::PM_HeaderMargin) + 8;
     int section = 0;
-    for (const auto& column : grid.Columns)
-        if (column.Visible) view_->setColumnWidth(section++, column.Width);
+    for (const auto& column : grid.Columns) {
+        if (!column.Visible) continue;
+        const QString widest = QString::fromStdString(grid.WidestText(column));
+        int needed = titles.horizontalAdvance(QString::fromStdString(column.Title)) + padding;
+        if (!widest.isEmpty()) needed = std::max(needed, cells.horizontalAdvance(widest) + padding);
+        const int width = std::max(column.Width, needed);
+        extraWidth_ += width - column.Width;
+        view_->setColumnWidth(section++, width);
+    }
 
     grid.OnRowsChanged = [this, alive = std::weak_ptr<bool>(alive_)] {
         if (alive.expired()) return; // the window went before the form

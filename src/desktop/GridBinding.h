@@ -23,6 +23,9 @@ public:
     QWidget* Widget() const override;
     bool RoutesKey(const QKeyEvent& event) const override;
     GridTableModel& Model() const { return *model_; }
+    // What the columns grew by beyond the widths the form gave them, so that the window grows
+    // with them.
+    int ExtraWidth() const { return extraWidth_; }
 
 protected:
     void PullState() override;
@@ -35,6 +38,7 @@ private:
     QTableView* view_;
     GridTableModel* model_;
     bool changed_ = true;
+    int extraWidth_ = 0;
     // The grid may outlive the binding; its notices then find nothing to mark.
     std::shared_ptr<bool> alive_ = std::make_shared<bool>(true);
 };

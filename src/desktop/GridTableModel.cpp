@@ -48,8 +48,12 @@ QVariant GridTableModel::headerData(int section, Qt::Orientation orientation, in
     const ui::GridColumn& column =
         grid_.Columns[static_cast<std::size_t>(visible[static_cast<std::size_t>(section)])];
     if (role == Qt::DisplayRole) return QString::fromStdString(column.Title);
-    if (role == Qt::TextAlignmentRole) return int(Qt::AlignLeft | Qt::AlignVCenter);
+    if (role == Qt::TextAlignmentRole) return Alignment(column);
     return {};
+}
+
+int GridTableModel::Alignment(const ui::GridColumn& column) const {
+    return int((grid_.RightAligned(column) ? Qt::AlignRight : Qt::AlignLeft) | Qt::AlignVCenter);
 }
 
 QVariant GridTableModel::data(const QModelIndex& index, int role) const {
@@ -58,6 +62,12 @@ QVariant GridTableModel::data(const QModelIndex& index, int role) const {
     const bool typing =
         grid_.EditorMode() && index.column() == grid_.SelectedIndex() && CursorRow() == index.row();
     if (role == Qt::BackgroundRole && typing) return QColor(255, 250, 205);
+    if (role == Qt::TextAlignmentRole) {
+        auto visible = VisibleColumns();
+        if (index.column() >= static_cast<int>(visible.size())) return {};
+        return Alignment(grid_.Columns[static_cast<std::size_t>(
+            visible[static_cast<std::size_t>(index.column())])]);
+    }
     if (role != Qt::DisplayRole) return {};
     if (typing) return QString::fromStdString(grid_.EditorText());
     const std::vector<std::string>* row = Row(index.row());

@@ -10,7 +10,8 @@
 
 namespace corvane::ui {
 class Grid;
-}
+struct GridColumn;
+} // namespace corvane::ui
 
 namespace corvane::desktop {
 
@@ -57,6 +58,8 @@ private:
     const std::vector<std::string>* Row(int row) const;
     void Fetch(int row) const;
     std::vector<int> VisibleColumns() const;
+    // Qt's alignment of the column's cells and title.
+    int Alignment(const ui::GridColumn& column) const;
 
     ui::Grid& grid_;
     std::int64_t count_ = 0;

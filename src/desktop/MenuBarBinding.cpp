@@ -34,8 +34,14 @@ void MenuBarBinding::ShapeOf(const ui::MenuNode& node, Shape& shape) {
 
 void MenuBarBinding::Build() {
     bar_->clear();
-    for (QMenu* menu : menus_)
-        delete menu;
+    // A rebuild may run inside the handler of one of these menus' own commands (a company
+    // chosen from the Companies menu fills that menu again): Qt is still in that menu when the
+    // handler returns, so the old menus go once the event is over.
+    for (QMenu* menu : menus_) {
+        menu->hide();
+        menu->setParent(nullptr);
+        menu->deleteLater();
+    }
     menus_.clear();
     actions_.clear();
     shape_.clear();

@@ -1,6 +1,7 @@
 #include "desktop/QtDesktopServices.h"
 
 #include "core/Exception.h"
+#include "core/RegionalSettings.h"
 #include "desktop/QtReportPrinter.h"
 
 #include <QApplication>
@@ -96,11 +97,15 @@ std::string QtDesktopServices::LoginUserName() {
 }
 
 std::string QtDesktopServices::CountryName() {
-    return QLocale::territoryToString(QLocale::system().territory()).toStdString();
+    return SystemRegionalSettings().CountryName;
 }
 
 std::string QtDesktopServices::DefaultPrinter() {
-    return QtReportPrinter::DefaultPrinterName();
+    std::string name = QtReportPrinter::DefaultPrinterName();
+    if (!name.empty()) return name;
+    // Without a printer of the system the print dialog still prints to a PDF file: that is a
+    // printer to preview for, and nobody needs to be asked whether one is installed.
+    return QtReportPrinter::CanPrintToFile() ? QtReportPrinter::FilePrinterName : std::string();
 }
 
 bool QtDesktopServices::DefaultPaperIsA4() {

@@ -48,6 +48,27 @@ QMessageBox::Icon IconOf(ui::MsgType type) {
     return QMessageBox::NoIcon;
 }
 
+// The caption with its mnemonic, so that Alt and the letter press the button (OK and Cancel are
+// Enter and Escape).
+QString MnemonicCaption(ui::MsgButton button) {
+    switch (button) {
+    case ui::mbYes:
+        return "&Yes";
+    case ui::mbNo:
+        return "&No";
+    case ui::mbAbort:
+        return "&Abort";
+    case ui::mbRetry:
+        return "&Retry";
+    case ui::mbIgnore:
+        return "&Ignore";
+    case ui::mbAll:
+        return "A&ll";
+    default:
+        return QString::fromStdString(ui::ButtonCaption(button));
+    }
+}
+
 // Closing the box by its close button or Escape answers as the most cautious button does.
 ui::MsgButton EscapeAnswer(const ui::MsgButtons& buttons) {
     for (ui::MsgButton b : {ui::mbCancel, ui::mbNo, ui::mbAbort, ui::mbOK})
@@ -64,7 +85,7 @@ ui::MsgButton QtDialogs::Show(const ui::Message& message) {
     std::vector<std::pair<QAbstractButton*, ui::MsgButton>> buttons;
     for (ui::MsgButton b : message.Buttons.List()) {
         QPushButton* button = box.addButton(StandardOf(b));
-        button->setText(QString::fromStdString(ui::ButtonCaption(b)));
+        button->setText(MnemonicCaption(b));
         buttons.emplace_back(button, b);
         if (b == message.DefaultButton) box.setDefaultButton(button);
     }

@@ -37,6 +37,12 @@ std::string QtReportPrinter::DefaultPrinterName() {
     return QPrinterInfo::defaultPrinterName().toStdString();
 }
 
+bool QtReportPrinter::CanPrintToFile() {
+    QPrinter printer;
+    printer.setOutputFormat(QPrinter::PdfFormat);
+    return printer.outputFormat() == QPrinter::PdfFormat && printer.isValid();
+}
+
 bool QtReportPrinter::DefaultPaperIsA4() {
     const QPrinterInfo printer = QPrinterInfo::defaultPrinter();
     return !printer.isNull() && printer.defaultPageSize().id() == QPageSize::A4;

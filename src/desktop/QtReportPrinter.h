@@ -20,6 +20,9 @@ public:
 
     // The system's default printer; empty when there is none.
     static std::string DefaultPrinterName();
+    // Qt writes PDF files itself, with no driver of the system.
+    static bool CanPrintToFile();
+    static constexpr const char* FilePrinterName = "Print to File (PDF)";
     // The default printer's paper is A4.
     static bool DefaultPaperIsA4();
 

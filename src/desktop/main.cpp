@@ -1,3 +1,4 @@
+#include "core/RegionalSettings.h"
 #include "desktop/DemoForm.h"
 #include "desktop/FormWindow.h"
 #include "desktop/Look.h"
@@ -129,6 +130,8 @@ int main(int argc, char* argv[]) {
     using namespace corvane;
     QApplication qt(argc, argv);
     QApplication::setApplicationName("Corvane");
+    // Dates and numbers as the user's locale writes them.
+    ApplyRegionalSettings(SystemRegionalSettings());
     desktop::ApplyLook(qt);
     Options options = ReadOptions(QApplication::arguments());
 

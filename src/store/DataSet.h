@@ -108,6 +108,8 @@ public:
     void Refresh();
     // The database rolled a transaction back: rows under the cursor may have changed.
     virtual void DatabaseRolledBack() {}
+    // The database is closing: nothing of the cursor may outlive its connection.
+    virtual void DatabaseClosing() { Close(); }
 
     // ----- filter; "" or Filtered false shows all rows
     void SetFilter(const std::string& expression);

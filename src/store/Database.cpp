@@ -94,7 +94,7 @@ void Database::Close() {
     // Cursors close themselves out of the set as they go.
     while (!cursors_.empty()) {
         DataSet* c = *cursors_.begin();
-        c->Close();
+        c->DatabaseClosing();
         cursors_.erase(c);
     }
     if (inTransaction_ || conn_->InTransaction()) {

@@ -401,7 +401,8 @@ void Field::SetText(std::string_view text) {
         return;
     }
     if (type_ == FieldType::Date) {
-        SetValue(Value(StrToDate(text)));
+        // Typed dates, whatever box they come from, follow the one entry rule.
+        SetValue(Value(ParseEnteredDate(text)));
         return;
     }
     SetValue(Value(std::string(text)));

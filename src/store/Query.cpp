@@ -72,9 +72,13 @@ Query::Query(Database& db, std::string sql) : db_(db) {
 
 Query::~Query() {
     try {
-        Close();
+        UnPrepare();
     } catch (...) {
     }
+}
+
+void Query::DatabaseClosing() {
+    UnPrepare();
 }
 
 void Query::SetSQL(const std::string& text) {
@@ -113,10 +117,12 @@ void Query::Prepare() {
     if (k == Kind::Select || k == Kind::Insert || k == Kind::Update || k == Kind::Delete)
         p->Main = std::make_unique<Statement>(db_.Conn(), p->Translated.Sql);
     prepared_ = std::move(p);
+    db_.RegisterCursor(this);
 }
 
 void Query::UnPrepare() {
     if (Active()) Close();
+    if (prepared_) db_.UnregisterCursor(this);
     prepared_.reset();
     filterSql_.clear();
     filterParams_.clear();

@@ -44,6 +44,9 @@ class Query : public DataSet {
 public:
     explicit Query(Database& db, std::string sql = {});
     ~Query() override;
+    // A prepared statement belongs to the connection it was made on: the database's close drops
+    // it, and the next open prepares it again on the new connection.
+    void DatabaseClosing() override;
 
     void SetSQL(const std::string& text);
     const std::string& SQL() const { return sql_; }

@@ -6,6 +6,7 @@
 #include "store/NumberDraw.h"
 #include "store/Schema.h"
 #include "store/sql/Connection.h"
+#include "store/tables/CompanyTables.h"
 
 #include <algorithm>
 
@@ -105,8 +106,15 @@ void Table::DoOpen() {
     }
     try {
         if (StoredFieldCount() == 0) {
-            for (const auto& f : def_->Fields)
-                AddStoredField(f.Name, f.Type, f.Size, f.Required);
+            // The database keeps no display formats: a company table shows as declared.
+            const TableDef* declared = schemaName_ == Database::MemorySchema
+                                           ? nullptr
+                                           : tables::FindCompanyTable(def_->Name);
+            for (const auto& f : def_->Fields) {
+                Field& field = AddStoredField(f.Name, f.Type, f.Size, f.Required);
+                if (const FieldDef* shown = declared ? declared->FindField(f.Name) : nullptr)
+                    field.DisplayFormat = shown->DisplayFormat;
+            }
         } else if (StoredFieldCount() != static_cast<int>(def_->Fields.size())) {
             FailState("The fields of table '" + def_->Name +
                       "' have changed since it was last open");

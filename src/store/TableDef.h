@@ -10,13 +10,18 @@ namespace corvane::store {
 
 struct FieldDef {
     FieldDef() = default;
-    FieldDef(std::string name, FieldType type, int size = 0, bool required = false)
-        : Name(std::move(name)), Type(type), Size(size), Required(required) {}
+    FieldDef(std::string name, FieldType type, int size = 0, bool required = false,
+             std::string displayFormat = {})
+        : Name(std::move(name)), Type(type), Size(size), Required(required),
+          DisplayFormat(std::move(displayFormat)) {}
 
     std::string Name;
     FieldType Type = FieldType::String;
     int Size = 0; // characters of a string field; 0 for every other kind
     bool Required = false;
+    // How the field shows on screen and in reports; not stored in the database, so a cursor
+    // takes it from the company's table definitions.
+    std::string DisplayFormat;
 };
 
 enum IndexOption : unsigned {

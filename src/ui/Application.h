@@ -87,6 +87,9 @@ public:
     // Lets the host paint and take input during a long command.
     void ProcessMessages();
 
+    // F1 on a form: the program shows the help of that form.
+    std::function<void(Form& form)> OnHelp;
+
 private:
     friend class Form;
     friend class WaitCursor;

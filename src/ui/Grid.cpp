@@ -1,5 +1,6 @@
 #include "ui/Grid.h"
 
+#include "core/DateEntry.h"
 #include "store/Table.h"
 #include "ui/Form.h"
 #include "ui/ScriptError.h"
@@ -74,6 +75,35 @@ std::optional<std::int64_t> Grid::RowIndex() const {
     return rowIndex_;
 }
 
+bool Grid::RightAligned(const GridColumn& column) const {
+    const store::Field* field = dataSet_.FindField(column.FieldName);
+    return field && store::IsNumericType(field->DataType());
+}
+
+std::string Grid::WidestText(const GridColumn& column) const {
+    const store::Field* field = dataSet_.FindField(column.FieldName);
+    if (!field) return {};
+    if (field->DataType() == store::FieldType::Date)
+        return field->DisplayFormat.empty()
+                   ? DateToStr(Date::FromYmd(2000, 12, 28))
+                   : FormatDate(field->DisplayFormat, Date::FromYmd(2000, 12, 28));
+    if (!store::IsNumericType(field->DataType()) || field->DisplayFormat.empty()) return {};
+    // Every digit place of every section filled: "(#,##0.00)" gives "(9,999.99)".
+    std::string widest;
+    std::size_t start = 0;
+    const std::string& format = field->DisplayFormat;
+    while (start <= format.size()) {
+        std::size_t end = format.find(';', start);
+        if (end == std::string::npos) end = format.size();
+        std::string section = format.substr(start, end - start);
+        std::replace_if(
+            section.begin(), section.end(), [](char c) { return c == '#' || c == '0'; }, '9');
+        if (section.size() > widest.size()) widest = section;
+        start = end + 1;
+    }
+    return widest;
+}
+
 std::int64_t Grid::RowCount() const {
     if (!dataSet_.Active()) return 0;
     const bool inserting = dataSet_.State() == store::DataSetState::Insert;
@@ -131,9 +161,11 @@ void Grid::DblClick() {
     if (Enabled && Showing() && OnDblClick) OnDblClick();
 }
 
-// Enter is the list's: it opens the row. An editing grid takes it as the end of a cell.
+// Enter is the list's: it opens the row. An editing grid takes it as the end of a cell, and Tab
+// as a move to the next cell (Shift+Tab the one before) rather than out of the grid.
 bool Grid::WantsKey(const KeyStroke& stroke) const {
-    return stroke.Code == Key::Enter;
+    if (stroke.Code == Key::Enter) return true;
+    return !ReadOnly && stroke.Code == Key::Tab && !stroke.Mods.Ctrl && !stroke.Mods.Alt;
 }
 
 void Grid::KeyDown(Key& key, Modifiers mods) {
@@ -309,6 +341,12 @@ bool Grid::EditingKeyDown(Key key, Modifiers mods) {
     case Key::Enter:
         NextCell();
         return true;
+    case Key::Tab:
+        if (mods.Shift)
+            MoveCell(-1);
+        else
+            NextCell();
+        return true;
     case Key::F2:
         if (const GridColumn* column = SelectedColumn(); column && !editor_ && Editable(*column))
             OpenEditor(dataSet_.IsEmpty() && dataSet_.State() == store::DataSetState::Browse
@@ -353,10 +391,12 @@ void Grid::KeyPress(char& ch) {
     if (ReadOnly || static_cast<unsigned char>(ch) < 32) return;
     const GridColumn* column = SelectedColumn();
     if (!column || !Editable(*column)) return;
-    if (editor_)
+    if (editor_) {
         editor_->push_back(ch);
-    else
+        Changed(); // the cell shows each key as it is typed
+    } else {
         OpenEditor(std::string(1, ch));
+    }
     ch = 0;
 }
 

@@ -64,6 +64,13 @@ public:
     // The rows a person sees: the cursor's, and a new row being typed.
     std::int64_t RowCount() const;
 
+    // Numbers stand to the right of their cells, as in every column of figures; texts, dates
+    // and flags to the left.
+    bool RightAligned(const GridColumn& column) const;
+    // The widest text the column's field shows by its display format (a money format's largest
+    // amount, a date in the short date format); empty for texts, whose width the form sets.
+    std::string WidestText(const GridColumn& column) const;
+
     // The cell being typed into, among the visible columns; editing grids only.
     int SelectedIndex() const { return selected_; }
     const GridColumn* SelectedColumn() const;

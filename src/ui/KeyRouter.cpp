@@ -56,6 +56,10 @@ bool KeyRouter::DialogKey(Form& form, Control* control, const KeyStroke& stroke)
     case Key::Alt:
         form.App().GetHost().ActivateMenuBar(form);
         return true;
+    case Key::F1:
+        if (!form.App().OnHelp) return false;
+        form.App().OnHelp(form);
+        return true;
     default:
         return false;
     }

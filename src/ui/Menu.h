@@ -13,6 +13,9 @@ class MenuItem;
 class MenuNode : public Component {
 public:
     using Component::Component;
+    // Items still standing under a node that goes first (members of a form are destroyed in
+    // the reverse order of their making) no longer reach it.
+    ~MenuNode() override;
     const std::vector<MenuItem*>& Items() const { return items_; }
 
 private:

@@ -30,7 +30,7 @@ public:
 
     bool Checked() const { return checked_; }
     void SetChecked(bool checked);
-    MenuNode& Parent() const { return parent_; }
+    MenuNode& Parent() const { return *parent_; }
     bool IsSeparator() const { return Caption == "-"; }
     // Enabled and visible, and so is every item above it: a person can reach it.
     bool Usable() const;
@@ -42,7 +42,8 @@ public:
     const char* TypeName() const override { return "MenuItem"; }
 
 private:
-    MenuNode& parent_;
+    friend class MenuNode;
+    MenuNode* parent_; // null once the parent has gone
     bool checked_ = false;
 };
 

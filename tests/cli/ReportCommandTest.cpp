@@ -96,7 +96,8 @@ TEST_F(ReportCommandTest, WritesEveryPageOfTheUsersReportAsPdfAndAsText) {
     MakeCompany(120);
     auto result = Report({folder_, "Users", "--pdf", pdf_});
     ASSERT_EQ(result.Exit, 0) << result.Err;
-    EXPECT_EQ(result.Out, "3 page(s) written to " + pdf_ + "\n");
+    EXPECT_EQ(result.Err, "3 page(s) written to " + pdf_ + "\n");
+    EXPECT_EQ(result.Out, "");
     EXPECT_NE(ProgramOutput("pdfinfo '" + pdf_ + "'").find("Pages:           3\n"),
               std::string::npos);
     const std::string pdfText = ProgramOutput("pdftotext -layout '" + pdf_ + "' -");
@@ -106,7 +107,7 @@ TEST_F(ReportCommandTest, WritesEveryPageOfTheUsersReportAsPdfAndAsText) {
 
     result = Report({folder_, "Users", "--text", text_});
     ASSERT_EQ(result.Exit, 0) << result.Err;
-    EXPECT_EQ(result.Out, "3 page(s) written to " + text_ + "\n");
+    EXPECT_EQ(result.Err, "3 page(s) written to " + text_ + "\n");
     const std::string text = FileText(text_);
     EXPECT_NE(text.find("Quayside Chandlers"), std::string::npos) << text;
     EXPECT_NE(text.find("user002"), std::string::npos) << text;
@@ -119,7 +120,7 @@ TEST_F(ReportCommandTest, WritesTheUsersReportAsAWorkbookOfItsLines) {
     const std::string xlsx = temp_.Path() + "/users.xlsx";
     auto result = Report({folder_, "Users", "--xlsx", xlsx});
     ASSERT_EQ(result.Exit, 0) << result.Err;
-    EXPECT_EQ(result.Out, "3 page(s) written to " + xlsx + "\n");
+    EXPECT_EQ(result.Err, "3 page(s) written to " + xlsx + "\n");
     const auto cells = testing::SheetCells(xlsx);
     std::string users;
     int rows = 0;
@@ -132,6 +133,18 @@ TEST_F(ReportCommandTest, WritesTheUsersReportAsAWorkbookOfItsLines) {
     }
     EXPECT_EQ(rows, 120) << users;
     EXPECT_NE(users.find("user120"), std::string::npos) << users;
+}
+
+// "-" is standard output: it holds the report alone, from its first line, and the count of
+// pages goes to standard error.
+TEST_F(ReportCommandTest, AReportToStandardOutputIsTheReportAlone) {
+    MakeCompany(120);
+    auto result = Report({folder_, "Users", "--text", "-"});
+    ASSERT_EQ(result.Exit, 0) << result.Err;
+    EXPECT_EQ(result.Err, "3 page(s) written to standard output\n");
+    Report({folder_, "Users", "--text", text_});
+    EXPECT_EQ(result.Out, FileText(text_));
+    EXPECT_EQ(result.Out.find("page(s)"), std::string::npos);
 }
 
 TEST_F(ReportCommandTest, UnknownReportNamesTheReportsThereAre) {

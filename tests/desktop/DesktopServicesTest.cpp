@@ -1,5 +1,7 @@
 #include "desktop/DesktopTest.h"
 #include "desktop/KeyTranslation.h"
+#include "desktop/QtReportPrinter.h"
+#include "reports/preview/PrinterCheck.h"
 #include "ui/WaitCursor.h"
 
 #include "core/Exception.h"
@@ -8,6 +10,7 @@
 #include <QClipboard>
 #include <QElapsedTimer>
 #include <QGuiApplication>
+#include <QPrinterInfo>
 #include <QThread>
 
 #include <filesystem>
@@ -129,6 +132,18 @@ TEST(KeyTranslationTest, TextBoxesKeepEditingKeysAndLeaveTheRestToTheForm) {
     EXPECT_FALSE(IsFormKey(key(Qt::Key_F, Qt::AltModifier), false)); // the menu's accelerator
     EXPECT_FALSE(IsFormKey(key(Qt::Key_Left), false));
     EXPECT_FALSE(IsFormKey(key(Qt::Key_Backspace), false));
+}
+
+// Printing to a PDF file is always there in the print dialog: a machine without a printer of
+// its own still previews at once, without the question whether a printer is installed.
+TEST_F(DesktopServicesTest, APdfFileCountsAsAPrinter) {
+    if (QPrinterInfo::defaultPrinterName().isEmpty())
+        EXPECT_EQ(services.DefaultPrinter(), desktop::QtReportPrinter::FilePrinterName);
+    else
+        EXPECT_EQ(services.DefaultPrinter(), QPrinterInfo::defaultPrinterName().toStdString());
+    AnswerBoxes("No");
+    EXPECT_TRUE(reports::PrinterCheck(app));
+    EXPECT_TRUE(messages.empty());
 }
 
 } // namespace

@@ -35,7 +35,7 @@ protected:
             messages.push_back(box.text().toStdString());
             QTimer::singleShot(0, &box, [&box, answer] {
                 for (QAbstractButton* b : box.buttons())
-                    if (b->text().toStdString() == answer) return b->click();
+                    if (QString(b->text()).remove('&').toStdString() == answer) return b->click();
                 box.reject();
             });
         };

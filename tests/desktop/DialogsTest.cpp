@@ -7,6 +7,8 @@
 #include <QLineEdit>
 #include <QPushButton>
 
+#include <map>
+
 namespace corvane::testing {
 namespace {
 
@@ -22,7 +24,7 @@ TEST_F(DialogsTest, AMessageBoxShowsTheTitleTextAndButtonsAndReturnsTheAnswer) {
             buttons << b->text();
         QTimer::singleShot(0, &box, [&box] {
             for (QAbstractButton* b : box.buttons())
-                if (b->text() == "No") b->click();
+                if (b->text() == "&No") b->click();
         });
     };
     ui::MsgButton answer = app.MessageDlg("Delete the vendor?", ui::MsgType::Confirmation,
@@ -30,7 +32,21 @@ TEST_F(DialogsTest, AMessageBoxShowsTheTitleTextAndButtonsAndReturnsTheAnswer) {
     EXPECT_EQ(answer, ui::mbNo);
     EXPECT_EQ(title, "Corvane - Sample");
     buttons.sort();
-    EXPECT_EQ(buttons, (QStringList{"Cancel", "No", "Yes"}));
+    EXPECT_EQ(buttons, (QStringList{"&No", "&Yes", "Cancel"}));
+}
+
+// Alt and the underlined letter press a button of a box, as in every dialog of the system.
+TEST_F(DialogsTest, TheButtonsOfABoxHaveMnemonics) {
+    std::map<std::string, QKeySequence> keys;
+    dialogs.BeforeShow = [&](QMessageBox& box) {
+        for (QAbstractButton* b : box.buttons())
+            keys[b->text().remove('&').toStdString()] = b->shortcut();
+        QTimer::singleShot(0, &box, [&box] { box.close(); });
+    };
+    app.MessageDlg("Retry?", ui::MsgType::Confirmation, {ui::mbYes, ui::mbNo, ui::mbRetry});
+    EXPECT_EQ(keys["Yes"], QKeySequence(Qt::ALT | Qt::Key_Y));
+    EXPECT_EQ(keys["No"], QKeySequence(Qt::ALT | Qt::Key_N));
+    EXPECT_EQ(keys["Retry"], QKeySequence(Qt::ALT | Qt::Key_R));
 }
 
 TEST_F(DialogsTest, ABoxClosedWithoutAButtonAnswersAsItsCautiousButton) {

@@ -49,5 +49,26 @@ TEST_F(GridEditWindowTest, TheCellShowsTheTypingAndANewRowCounts) {
     EXPECT_EQ(view->currentIndex().row(), 3);
 }
 
+// Each key typed into a cell shows at once, not only when the cell is left.
+TEST_F(GridEditWindowTest, EveryKeyTypedRepaintsTheCell) {
+    ui::FormDriver d(*form);
+    d.Focus("grdVendors");
+    d.PressKey(ui::Key::Right);
+    const QModelIndex cell = model->index(0, 1);
+    int repaints = 0;
+    QObject::connect(model, &QAbstractItemModel::dataChanged,
+                     [&](const QModelIndex& from, const QModelIndex& to) {
+                         if (from.row() <= 0 && to.row() >= 0 && from.column() <= 1 &&
+                             to.column() >= 1)
+                             ++repaints;
+                     });
+    for (const char* key : {"1", "5", "0"}) {
+        const int before = repaints;
+        d.Type(key);
+        EXPECT_GT(repaints, before) << "after " << key;
+    }
+    EXPECT_EQ(model->data(cell).toString(), "150");
+}
+
 } // namespace
 } // namespace corvane::testing

@@ -217,5 +217,54 @@ TEST_F(MainBarWindowTest, TheMenuBarFollowsItemsAddedAndRemovedAfterItWasBuilt) 
     EXPECT_EQ(companies->actions()[0]->text(), "&New Company...");
 }
 
+// Choosing a company fills the Companies menu again from inside that menu's own command: the
+// menu the person chose from is still in use by Qt when the command returns.
+TEST_F(MainBarWindowTest, ACommandThatRebuildsItsOwnMenuLeavesItInOnePiece) {
+    std::vector<std::unique_ptr<ui::MenuItem>> companies;
+    auto refill = [&] {
+        companies.clear();
+        for (const char* name : {"Acme", "Bolt"})
+            companies.push_back(
+                std::make_unique<ui::MenuItem>(bar->mnuCompanies, std::string("mnu") + name, name));
+    };
+    refill();
+    int chosen = 0;
+    companies[0]->OnClick = [&] {
+        ++chosen;
+        refill();
+    };
+    Event([] {});
+    QMenuBar* menuBar = window->MenuBar();
+    window->DropDownMenu(bar->mnuCompanies);
+    auto* open = qobject_cast<QMenu*>(QApplication::activePopupWidget());
+    ASSERT_NE(open, nullptr);
+    open->setActiveAction(open->findChild<QAction*>("mnuAcme"));
+    Key(open, Qt::Key_Return);
+    QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
+    QCoreApplication::processEvents();
+    EXPECT_EQ(chosen, 1);
+    auto* again = menuBar->findChild<QMenu*>("mnuCompanies");
+    ASSERT_NE(again, nullptr);
+    EXPECT_EQ(again->actions().size(), 3);
+}
+
+// Alt and Alt with a letter are the menu bar's: a press of Alt opens no menu by itself, and the
+// form lets the bar's mnemonics (Alt+F) through to Qt's shortcuts instead of taking them.
+TEST_F(MainBarWindowTest, AltAndItsLettersAreLeftToTheMenuBar) {
+    QWidget* choice = window->WidgetOf("cboChoice");
+    ASSERT_NE(choice, nullptr);
+    Key(choice, Qt::Key_Alt, {}, Qt::AltModifier);
+    QCoreApplication::processEvents();
+    EXPECT_EQ(QApplication::activePopupWidget(), nullptr);
+    QKeyEvent mnemonic(QEvent::ShortcutOverride, Qt::Key_F, Qt::AltModifier, "f");
+    mnemonic.ignore();
+    QApplication::sendEvent(choice, &mnemonic);
+    EXPECT_FALSE(mnemonic.isAccepted());
+    QKeyEvent plain(QEvent::ShortcutOverride, Qt::Key_F2, Qt::NoModifier);
+    plain.ignore();
+    QApplication::sendEvent(choice, &plain);
+    EXPECT_TRUE(plain.isAccepted()) << "the form's own keys stay the form's";
+}
+
 } // namespace
 } // namespace corvane::testing

@@ -12,6 +12,7 @@
 #include "support/ScopedDataHome.h"
 
 #include <cstdlib>
+#include <filesystem>
 #include <optional>
 
 using namespace corvane;
@@ -175,18 +176,27 @@ TEST_F(JVHistoryWithMainForm, HistoryFromTheVouchersAsksForTheRightToTheHistory)
     EXPECT_TRUE(History()->Visible());
 }
 
-TEST_F(JVHistoryWithMainForm, TheVoucherHelpButtonSaysWhatTheMainFormsHelpSays) {
+// The guide is built with the program: Help Contents opens its contents, and the voucher's Help
+// button and F1 on any form open the page of that form.
+TEST_F(JVHistoryWithMainForm, HelpOpensTheGuideAtTheFormsTopic) {
+    auto opened = [this] {
+        const auto& calls = desktop.Calls();
+        return calls.empty() ? std::string() : calls.back();
+    };
+    auto page = [](const std::string& call) { return call.substr(call.find("file://") + 7); };
     ui::FormDriver(*main_).Click("mnuHelpContents");
-    std::string mainHelp = LastMessage();
-    ASSERT_FALSE(mainHelp.empty());
-    dialogs.ClearShown();
+    EXPECT_EQ(LastMessage(), "") << "the guide is there";
+    ASSERT_NE(opened().find("/guide/index.html"), std::string::npos) << opened();
+    EXPECT_TRUE(std::filesystem::exists(page(opened())));
     auto& form = app.CreateForm<ledger::TfrmJV>(db_);
     form.EntryTable.Insert();
     form.Show();
     ui::FormDriver(form).Click("btnHelp");
-    ASSERT_EQ(dialogs.Shown().size(), 1u);
-    EXPECT_EQ(LastMessage(), mainHelp);
+    EXPECT_NE(opened().find("/guide/journal-vouchers.html"), std::string::npos) << opened();
+    EXPECT_TRUE(std::filesystem::exists(page(opened())));
     EXPECT_TRUE(form.Visible());
+    ui::FormDriver(form).PressKey(ui::KeyStroke(ui::Key::F1));
+    EXPECT_NE(opened().find("/guide/journal-vouchers.html"), std::string::npos) << opened();
 }
 
 TEST_F(GLAccountTip, ShownOnceWhenAnAccountWasAddedAndStatementsExist) {

@@ -154,3 +154,22 @@ TEST_F(Queries, ADeleteStatementReportsTheRowsItRemoved) {
 }
 
 } // namespace
+
+// A list form keeps its query while the company closes under it (a change of company frees the
+// forms only once the event is over): the query must neither reach the old connection when it
+// goes nor stay tied to it when the company opens again.
+TEST_F(Queries, AQueryOutlivesTheCloseOfItsDatabaseAndPreparesAgainOnTheNextOpen) {
+    auto q = std::make_unique<Query>(db_, "SELECT InvoiceNo FROM APInv ORDER BY InvoiceNo");
+    q->Open();
+    EXPECT_EQ(q->RecordCount(), 6);
+    db_.Close();
+    EXPECT_FALSE(q->Active());
+    EXPECT_FALSE(q->Prepared());
+    db_.Open();
+    q->Open();
+    EXPECT_EQ(q->RecordCount(), 6);
+    EXPECT_EQ(q->FieldByName("InvoiceNo").AsString(), "I1");
+    db_.Close();
+    q.reset(); // after its database closed: nothing of the old connection is read
+    db_.Open();
+}

@@ -76,6 +76,26 @@ TEST_F(GridEditing, TypingFillsACellAndEnterGoesOnToTheNextCellThenToANewRow) {
     EXPECT_EQ(form.grdLines.RowIndex(), 1);
 }
 
+// In a grid typed into, Tab is a move between cells, as Enter is; it does not leave the grid.
+TEST_F(GridEditing, TabMovesFromCellToCellAndStaysInTheGrid) {
+    LinesForm& form = Open();
+    FormDriver d(form);
+    d.Type("3");
+    d.PressKey(KeyStroke(Key::Tab));
+    EXPECT_EQ(form.grdLines.SelectedIndex(), 1);
+    EXPECT_TRUE(form.grdLines.Focused());
+    d.Type("40");
+    KeyStroke back(Key::Tab);
+    back.Mods.Shift = true;
+    d.PressKey(back);
+    EXPECT_EQ(form.grdLines.SelectedIndex(), 0);
+    EXPECT_TRUE(form.grdLines.Focused());
+    d.PressKey(KeyStroke(Key::Tab));
+    d.PressKey(KeyStroke(Key::Tab));
+    EXPECT_EQ(Stored(), "3:40 ");
+    EXPECT_TRUE(form.grdLines.Focused());
+}
+
 TEST_F(GridEditing, EscapeDropsTheCellsTypingThenTheRow) {
     LinesForm& form = Open();
     FormDriver d(form);

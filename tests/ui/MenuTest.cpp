@@ -117,3 +117,21 @@ TEST_F(Menus, ShortCutsAndCaptionsReadAsWritten) {
 }
 
 } // namespace
+
+// Items made in code (the main form's menus from its table of entries) may go after the
+// sub-menu they stand in; what is left neither reaches the gone parent nor can be clicked.
+TEST_F(Menus, AnItemOutlivingItsSubMenuIsCutOffFromIt) {
+    ListForm& form = app.CreateForm<ListForm>();
+    auto other = std::make_unique<MenuItem>(form.menu, "mnuOther", "&Other");
+    int clicks = 0;
+    auto item = std::make_unique<MenuItem>(*other, "mnuThing", "&Thing");
+    item->OnClick = [&] { ++clicks; };
+    item->Click();
+    EXPECT_EQ(clicks, 1);
+    other.reset();
+    EXPECT_FALSE(item->Usable());
+    item->Click();
+    EXPECT_EQ(clicks, 1);
+    item.reset();
+    EXPECT_EQ(form.menu.Items().size(), 2u);
+}

@@ -17,6 +17,7 @@
 #include "shell/main/TfrmCorvane.h"
 #include "store/EngineError.h"
 #include "store/Query.h"
+#include "store/tables/CompanyTables.h"
 #include "ui/Application.h"
 #include "ui/Layout.h"
 
@@ -166,6 +167,10 @@ void TfrmJV::SetUpLineFields() {
     tblJVDet.SetDatabaseName(std::string(store::Database::MemorySchema));
     tblJVDet.AddCalculatedField("Name", store::FieldType::String, 120);
     tblJVDet.Open();
+    // The lines stand in a scratch copy of JVDet and show as its fields do.
+    for (const store::FieldDef& declared : store::tables::JVDet().Fields)
+        if (store::Field* field = tblJVDet.FindField(declared.Name))
+            field->DisplayFormat = declared.DisplayFormat;
 
     store::Field& account = tblJVDet.FieldByName("GLAccountID");
     account.DisplayLabel = "GL Account";
@@ -211,6 +216,9 @@ void TfrmJV::SetUpLineFields() {
         deletedAmount_ = ds.FieldByName("GLAmount").AsMoney();
     };
     tblJVDet.AfterDelete = [this](store::DataSet&) { LineDeleted(); };
+    // The totals line follows each amount as its cell is written, before the line is saved.
+    tblJVDet.FieldByName("GLAmount").OnChange = [this](store::Field&) { ShowTotals(); };
+    tblJVDet.AfterCancel = [this](store::DataSet&) { ShowTotals(); };
 }
 
 std::string TfrmJV::DescriptionShown(const store::Field& field) {
@@ -386,7 +394,11 @@ void TfrmJV::StoreAmount() {
 }
 
 void TfrmJV::ShowTotals() {
-    stbTotals.SimpleText = totals_.StatusText();
+    VoucherTotals shown = totals_;
+    const auto state = tblJVDet.Active() ? tblJVDet.State() : DataSetState::Browse;
+    if (state == DataSetState::Edit || state == DataSetState::Insert)
+        shown.LineSaved(lineBefore_, tblJVDet.FieldByName("GLAmount").AsMoney());
+    stbTotals.SimpleText = shown.StatusText();
 }
 
 void TfrmJV::ShowCaption() {
@@ -461,6 +473,7 @@ void TfrmJV::Unpost() {
     EntryTable.Refresh();
     StartFromSaved();
     ShowPostedState();
+    if (AfterUnpost) AfterUnpost(*this);
 }
 
 void TfrmJV::NewLine() {
@@ -528,8 +541,7 @@ void TfrmJV::ImportLines(const std::string& fileName) {
 
 void TfrmJV::ShowHelp() {
     // The program's help is the main form's: one place says what there is of it.
-    if (auto* main = dynamic_cast<shell::TfrmCorvane*>(App().MainForm()))
-        main->mnuHelpContents.Click();
+    if (auto* main = dynamic_cast<shell::TfrmCorvane*>(App().MainForm())) main->ShowHelp(*this);
 }
 
 void TfrmJV::DeleteLine() {

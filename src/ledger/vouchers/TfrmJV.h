@@ -58,6 +58,9 @@ public:
     ui::Button btnOKNew{*this, "btnOKNew", "OK && &New"};
     ui::Button btnHelp{*this, "btnHelp", "&Help"};
 
+    // After an unpost: the list that opened the voucher moves to it and shows it unposted.
+    std::function<void(TfrmJV&)> AfterUnpost;
+
     const VoucherTotals& Totals() const { return totals_; }
     // A new voucher with the lines, description, amount and auto-reverse of the saved voucher
     // sourceId and a number of its own; nothing is written until OK.

@@ -124,11 +124,14 @@ ui::Form* TfrmJVs::MakeRegistered(std::string_view name) {
 }
 
 void TfrmJVs::FollowVoucher(TfrmJV& form) {
-    form.AfterSave = [this](shell::EntryForm& saved) {
-        store::Value id = saved.EntryTable.FieldByName("JVID").AsValue();
+    // After a save and after an unpost alike the list reads afresh and stands on the voucher.
+    auto moveTo = [this](shell::EntryForm& voucher) {
+        store::Value id = voucher.EntryTable.FieldByName("JVID").AsValue();
         RefreshList();
         tblJV.Locate("JVID", {id});
     };
+    form.AfterSave = moveTo;
+    form.AfterUnpost = moveTo;
 }
 
 void TfrmJVs::EditVoucher() {
@@ -169,6 +172,12 @@ void TfrmJVs::CopyVoucher() {
 void TfrmJVs::PostVouchers() {
     ui::Form* post = MakeRegistered("frmJVsPost");
     if (!post) return;
+    // The dialog is made for this one run: it goes when it closes, however it closes, so that
+    // the next Post makes a fresh one.
+    struct Free {
+        ui::Form& form;
+        ~Free() { form.App().FreeForm(form); }
+    } free{*post};
     post->ShowModal();
     RefreshList();
 }

@@ -1,4 +1,5 @@
 #include "shell/main/TfrmCorvane.h"
+#include "shell/main/HelpTopics.h"
 
 #include "shell/main/BackgroundIntegrity.h"
 
@@ -89,10 +90,8 @@ TfrmCorvane::TfrmCorvane(ui::Application& app, const FormRegistry& registry,
     mnuConfirmExit.OnClick = [this] { ToggleView(mnuConfirmExit, ViewConfirmExitKey.Key); };
     // Changed in the settings file by hand only.
     mnuToolbarText.Visible = false;
-    mnuHelpContents.OnClick = [this] {
-        App().ShowMessage(std::string("The help file ") + HelpFileName +
-                          " is not part of this installation.");
-    };
+    mnuHelpContents.OnClick = [this] { ShowHelpTopic(App(), "index"); };
+    App().OnHelp = [this](ui::Form& form) { ShowHelp(form); };
     mnuTechSupport.OnClick = [this] { App().SingleForm<TfrmAbout>().ShowModal(); };
     mnuAbout.OnClick = [this] { App().SingleForm<TfrmAbout>().ShowModal(); };
     cboSystem.OnChange = [this] {
@@ -391,6 +390,10 @@ bool TfrmCorvane::SurvivesCompanyChange(const ui::Form& form) const {
     for (const char* name : {"frmCalendar", "frmDialer", "frmPreview", "frmSplash"})
         if (form.Name() == name) return true;
     return false;
+}
+
+void TfrmCorvane::ShowHelp(const ui::Form& form) {
+    ShowHelpTopic(App(), &form == this ? "index" : HelpTopicOf(form.Name()));
 }
 
 } // namespace corvane::shell

@@ -106,6 +106,8 @@ public:
     bool CheckLogin() override;
     // True when the user holds the right (a Users field); else says who is refused what.
     bool CheckUserAccess(const std::string& right, const std::string& displayName = {});
+    // Opens the user's guide at the topic of the form (its contents for the main form's Help).
+    void ShowHelp(const ui::Form& form);
     void EnableMainMenus(bool enabled) override;
     void RebuildCompaniesMenu() override;
     void CloseAllForms() override;

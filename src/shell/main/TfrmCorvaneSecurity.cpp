@@ -44,7 +44,12 @@ bool TfrmCorvane::CheckLogin() {
 
 bool TfrmCorvane::CheckUserAccess(const std::string& right, const std::string& displayName) {
     if (!SecurityActive) return true;
-    if (!tblUsers.Active()) tblUsers.Open();
+    // The users list works on a cursor of its own: what it deleted or changed shows here only
+    // when the table is read again.
+    if (!tblUsers.Active())
+        tblUsers.Open();
+    else if (tblUsers.State() == store::DataSetState::Browse)
+        tblUsers.Refresh();
     bool allowed = UserHasRight(tblUsers, CurrentUserName, right);
     // Users deleted during the session leave everything open until the company is opened again.
     if (!allowed && !CurrentUserName.empty() && !tblUsers.IsEmpty()) {

@@ -14,7 +14,7 @@ const TableDef& APCheq() {
             {"GLYear", FieldType::SmallInt},
             {"GLPeriod", FieldType::SmallInt},
             {"ChequeDate", FieldType::Date},
-            {"ChequeAmount", FieldType::Currency},
+            {"ChequeAmount", FieldType::Currency, 0, false, MoneyFormat},
             {"Reconciled", FieldType::Boolean},
             {"Posted", FieldType::Boolean},
             {"Void", FieldType::Boolean},

@@ -10,7 +10,7 @@ const TableDef& APInvChq() {
             {"APInvoiceID", FieldType::Integer, 0, Required},
             {"ChequeID", FieldType::Integer, 0, Required},
             {"Seq", FieldType::Integer},
-            {"PaymentAmount", FieldType::Currency, 0, Required},
+            {"PaymentAmount", FieldType::Currency, 0, Required, MoneyFormat},
         },
         {
             {"", {"APInvoiceID", "ChequeID"}, ixPrimary | ixUnique},

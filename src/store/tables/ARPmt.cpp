@@ -14,7 +14,7 @@ const TableDef& ARPmt() {
             {"GLYear", FieldType::SmallInt},
             {"GLPeriod", FieldType::SmallInt},
             {"PaymentDate", FieldType::Date, 0, Required},
-            {"ChequeAmount", FieldType::Currency},
+            {"ChequeAmount", FieldType::Currency, 0, false, MoneyFormat},
             {"Posted", FieldType::Boolean},
             {"Reconciled", FieldType::Boolean},
             {"PaidBy", FieldType::SmallInt},

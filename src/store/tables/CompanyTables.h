@@ -9,6 +9,13 @@ namespace corvane::store::tables {
 
 inline constexpr bool Required = true;
 
+// The display formats of amounts: plain money with credits in parentheses, ledger amounts with
+// credits marked CR, prices and costs to five places, hours.
+inline constexpr const char* MoneyFormat = "#,###,##0.00#;(#,###,##0.00#)";
+inline constexpr const char* LedgerFormat = "#,###,##0.00#;#,###,##0.00#CR";
+inline constexpr const char* PriceFormat = "#,###,##0.00###;(#,###,##0.00###)";
+inline constexpr const char* HoursFormat = "0.00#";
+
 const TableDef& APCheq();
 const TableDef& APChqCtl();
 const TableDef& APInv();

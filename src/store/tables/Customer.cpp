@@ -27,7 +27,7 @@ const TableDef& Customer() {
             {"Tax2ExemptionNo", FieldType::String, 13},
             {"TaxNo", FieldType::String, 12},
             {"CurrencyID", FieldType::Integer},
-            {"CreditLimit", FieldType::Currency},
+            {"CreditLimit", FieldType::Currency, 0, false, MoneyFormat},
             {"DiscPC", FieldType::Float},
             {"DiscDays", FieldType::SmallInt},
             {"NetDays", FieldType::SmallInt},

@@ -18,7 +18,7 @@ const TableDef& GLHist() {
             {"TransType", FieldType::String, 3},
             {"JVNumber", FieldType::Integer, 0, Required},
             {"TransDate", FieldType::Date, 0, Required},
-            {"Amount", FieldType::Currency, 0, Required},
+            {"Amount", FieldType::Currency, 0, Required, LedgerFormat},
             {"TransDescription", FieldType::String, 60},
             {"VendorID", FieldType::Integer},
             {"APInvoiceID", FieldType::Integer},

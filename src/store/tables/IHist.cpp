@@ -15,7 +15,7 @@ const TableDef& IHist() {
             {"TransType", FieldType::SmallInt},
             {"TransDate", FieldType::Date},
             {"Quantity", FieldType::Float},
-            {"UnitCost", FieldType::Currency},
+            {"UnitCost", FieldType::Currency, 0, false, PriceFormat},
             {"TransDescription", FieldType::String, 50},
             {"ReceiptID", FieldType::Integer},
             {"AdjustmentID", FieldType::Integer},

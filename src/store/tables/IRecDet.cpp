@@ -11,7 +11,7 @@ const TableDef& IRecDet() {
             {"Seq", FieldType::Integer},
             {"ItemID", FieldType::Integer},
             {"QtyReceived", FieldType::Float},
-            {"UnitCost", FieldType::Currency},
+            {"UnitCost", FieldType::Currency, 0, false, MoneyFormat},
         },
         {
             {"", {"ReceiptID", "Seq"}, ixPrimary | ixUnique},

@@ -22,7 +22,7 @@ const TableDef& JV() {
             {"ARInvoiceID", FieldType::Integer},
             {"PaymentID", FieldType::Integer},
             {"AdjustmentID", FieldType::Integer},
-            {"JVAmount", FieldType::Currency},
+            {"JVAmount", FieldType::Currency, 0, false, MoneyFormat},
             {"Posted", FieldType::Boolean},
             {"AutoReverse", FieldType::Boolean},
         },

@@ -13,7 +13,7 @@ const TableDef& JVDet() {
             {"SubAccount1ID", FieldType::Integer},
             {"SubAccount2ID", FieldType::Integer},
             {"SubAccount3ID", FieldType::Integer},
-            {"GLAmount", FieldType::Currency},
+            {"GLAmount", FieldType::Currency, 0, false, LedgerFormat},
         },
         {
             {"", {"JVID", "Seq"}, ixPrimary | ixUnique},

@@ -19,9 +19,9 @@ const TableDef& Job() {
             {"Authorized", FieldType::Boolean},
             {"Completed", FieldType::Boolean},
             {"ProjectLeaderID", FieldType::Integer},
-            {"EstimatedPrice", FieldType::Currency},
-            {"MaximumPrice", FieldType::Currency},
-            {"FixedPrice", FieldType::Currency},
+            {"EstimatedPrice", FieldType::Currency, 0, false, MoneyFormat},
+            {"MaximumPrice", FieldType::Currency, 0, false, MoneyFormat},
+            {"FixedPrice", FieldType::Currency, 0, false, MoneyFormat},
         },
         {
             {"", {"JobID"}, ixPrimary | ixUnique},

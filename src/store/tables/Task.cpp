@@ -16,8 +16,8 @@ const TableDef& Task() {
             {"DueDate", FieldType::Date},
             {"Completed", FieldType::Boolean},
             {"EmployeeID", FieldType::Integer},
-            {"EstimatedHours", FieldType::Float},
-            {"RateOverride", FieldType::Currency},
+            {"EstimatedHours", FieldType::Float, 0, false, HoursFormat},
+            {"RateOverride", FieldType::Currency, 0, false, MoneyFormat},
         },
         {
             {"", {"TaskID"}, ixPrimary | ixUnique},

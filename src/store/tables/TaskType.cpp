@@ -9,7 +9,7 @@ const TableDef& TaskType() {
         {
             {"TaskTypeID", FieldType::Integer},
             {"TypeName", FieldType::String, 40},
-            {"Rate", FieldType::Currency},
+            {"Rate", FieldType::Currency, 0, false, MoneyFormat},
             {"SalesGLAccountID", FieldType::Integer},
             {"TaxCodes", FieldType::String, 3},
         },

@@ -13,7 +13,7 @@ const TableDef& TimeSht() {
             {"TaskID", FieldType::Integer},
             {"EmployeeID", FieldType::Integer},
             {"WorkDate", FieldType::Date},
-            {"Hours", FieldType::Float},
+            {"Hours", FieldType::Float, 0, false, HoursFormat},
             {"Notes", FieldType::Memo},
             {"InvoiceNo", FieldType::String, 10},
         },
