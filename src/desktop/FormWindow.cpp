@@ -194,6 +194,19 @@ QSize FormWindow::LeastSize() const {
     return least;
 }
 
+QSize FormWindow::WithWiderColumns(const QSize& asked) const {
+    // The form counts its grid columns at the widths it gave them; columns the real font made
+    // wider widen the window, as far as the screen allows.
+    int extra = 0;
+    for (const auto& b : bindings_)
+        if (auto* grid = dynamic_cast<GridBinding*>(b.get())) extra += grid->ExtraWidth();
+    QSize wanted(asked.width() + extra, asked.height());
+    if (QScreen* screen = QGuiApplication::primaryScreen())
+        wanted.setWidth(
+            std::min(wanted.width(), std::max(asked.width(), screen->availableSize().width())));
+    return wanted;
+}
+
 void FormWindow::FollowGeometry() {
     // A maximised or minimised window keeps its state; the form's size is its normal one.
     if (sized_ && windowState() != Qt::WindowNoState) return;
@@ -203,23 +216,15 @@ void FormWindow::FollowGeometry() {
         bar_->Fit();
     } else if (!sized_) {
         QSize size = LeastSize();
-        if (asked.width() > 0 && asked.height() > 0) {
-            // The form's width counts its columns as it gave them; columns the real font made
-            // wider widen the window, as far as the screen allows.
-            int extra = 0;
-            for (const auto& b : bindings_)
-                if (auto* grid = dynamic_cast<GridBinding*>(b.get())) extra += grid->ExtraWidth();
-            QSize wanted(asked.width() + extra, asked.height());
-            if (QScreen* screen = QGuiApplication::primaryScreen())
-                wanted.setWidth(std::min(wanted.width(),
-                                         std::max(asked.width(), screen->availableSize().width())));
-            size = size.expandedTo(wanted);
-        }
+        if (asked.width() > 0 && asked.height() > 0)
+            size = size.expandedTo(WithWiderColumns(asked));
         resize(size);
     } else if (asked.width() > 0 && asked.height() > 0 && asked != size()) {
         // The form changed its size since the window last told it (a list back to its start
-        // size); what it asks is honoured down to what the content needs.
-        resize(asked.expandedTo(LeastSize()));
+        // size); what it asks is honoured down to what the content needs. A width the form
+        // worked out anew counts its columns as it gave them.
+        QSize wanted = asked.width() == width() ? asked : WithWiderColumns(asked);
+        resize(wanted.expandedTo(LeastSize()));
     }
     if (place.x() >= 0 && place.y() >= 0 && (!sized_ || place != pos())) move(place);
     if (!sized_ && form_.State == ui::WindowState::Maximized) setWindowState(Qt::WindowMaximized);

@@ -84,6 +84,8 @@ private:
     // Places and sizes the window as the form asks: at its first showing, and again whenever
     // the form changes its size or position afterwards.
     void FollowGeometry();
+    // The size the form asks, wider by what its grids' columns grew beyond the form's widths.
+    QSize WithWiderColumns(const QSize& asked) const;
 
     QtHost& host_;
     ui::Form& form_;

@@ -16,6 +16,10 @@ namespace corvane::desktop {
 PageControlBinding::PageControlBinding(FormWindow& window, ui::PageControl& pages,
                                        LayoutBuilder& builder)
     : ControlBinding(window, pages), pages_(pages), tabs_(new QTabWidget) {
+    // Every tab reads whole: the window is made wide enough for the row of tabs rather than
+    // cutting their captions short.
+    tabs_->setElideMode(Qt::ElideNone);
+    tabs_->setUsesScrollButtons(false);
     for (ui::Page* page : pages.Pages()) {
         auto* sheet = new QWidget;
         sheet->setObjectName(QString::fromStdString(page->Name()));

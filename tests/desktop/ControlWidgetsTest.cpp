@@ -24,6 +24,7 @@
 #include <QRadioButton>
 #include <QSpinBox>
 #include <QStatusBar>
+#include <QTabBar>
 #include <QTabWidget>
 #include <QToolBar>
 #include <QToolButton>
@@ -139,6 +140,10 @@ TEST_F(ControlWidgetsTest, PagesRadiosSpinsCombosAndDatesWorkBothWays) {
     ASSERT_NE(tabs, nullptr);
     EXPECT_EQ(tabs->count(), 2);
     EXPECT_EQ(tabs->tabText(1), "More");
+    // Captions of tabs are never cut short: the row of tabs sets the least width.
+    EXPECT_EQ(tabs->elideMode(), Qt::ElideNone);
+    EXPECT_FALSE(tabs->usesScrollButtons());
+    EXPECT_GE(tabs->width(), tabs->tabBar()->sizeHint().width());
 
     auto radios = window->WidgetOf("rgpPeriod")->findChildren<QRadioButton*>();
     ASSERT_EQ(radios.size(), 3);

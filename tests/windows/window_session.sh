@@ -92,6 +92,9 @@ main_keys alt+f g a
 wait_for "^GL Accounts$" && keys Insert && keys Escape
 main_keys alt+f g j
 wait_for "^Journal Vouchers$" && shot jv-list && keys Insert && sleep "$pause" && shot jv-new && keys Escape
+keys Return
+wait_for "^JV [0-9]" && shot jv-voucher
+keys Escape
 main_keys alt+f g t
 wait_for "^GL Totals$" && shot gl-totals
 main_keys alt+f g h
@@ -107,6 +110,10 @@ sleep "$pause"
 keys Escape
 main_keys alt+f n c
 wait_for "^Currencies$" && shot currencies
+keys Down Return
+sleep "$pause"
+shot currency
+keys Escape
 main_keys alt+f n s
 sleep "$pause"
 keys Escape
