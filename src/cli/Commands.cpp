@@ -35,16 +35,11 @@ void Usage() {
                "       corvane-cli check FOLDER\n"
                "       corvane-cli export-ledger FOLDER\n"
                "       corvane-cli report COMPANY NAME [--OPTION VALUE]...\n"
-               "                          (--pdf FILE | --text FILE; FILE - is standard output)
-"
-               "       corvane-cli report --list
-"
-               "       corvane-cli --locale NAME COMMAND...
-"
-               "A company with users needs --user NAME on every command that opens it; the
-"
-               "password comes from CORVANE_PASSWORD or is asked at the terminal.
-",
+               "                          (--pdf FILE | --text FILE; FILE - is standard output)\n"
+               "       corvane-cli report --list\n"
+               "       corvane-cli --locale NAME COMMAND...\n"
+               "A company with users needs --user NAME on every command that opens it; the\n"
+               "password comes from CORVANE_PASSWORD or is asked at the terminal.\n",
                stderr);
 }
 
