@@ -396,8 +396,15 @@ void TfrmJV::StoreAmount() {
 void TfrmJV::ShowTotals() {
     VoucherTotals shown = totals_;
     const auto state = tblJVDet.Active() ? tblJVDet.State() : DataSetState::Browse;
-    if (state == DataSetState::Edit || state == DataSetState::Insert)
-        shown.LineSaved(lineBefore_, tblJVDet.FieldByName("GLAmount").AsMoney());
+    // A typed amount that would carry the totals past the largest amount leaves the line shown
+    // without it; writing the line refuses it with the voucher's own message.
+    if (state == DataSetState::Edit || state == DataSetState::Insert) {
+        try {
+            shown.LineSaved(lineBefore_, tblJVDet.FieldByName("GLAmount").AsMoney());
+        } catch (const MoneyOverflow&) {
+            shown = totals_;
+        }
+    }
     stbTotals.SimpleText = shown.StatusText();
 }
 
