@@ -44,11 +44,15 @@ protected:
 
     std::string Stored(const std::string& sql) {
         db_.Open();
-        store::Statement s(db_.Conn(), sql);
-        s.Step();
-        std::string text = s.ColumnNatural(0).kind() == store::Value::Kind::String
-                               ? s.ColumnNatural(0).Str()
-                               : std::to_string(s.ColumnInt(0));
+        std::string text;
+        {
+            // The statement is finished before its connection closes.
+            store::Statement s(db_.Conn(), sql);
+            s.Step();
+            text = s.ColumnNatural(0).kind() == store::Value::Kind::String
+                       ? s.ColumnNatural(0).Str()
+                       : std::to_string(s.ColumnInt(0));
+        }
         db_.Close();
         return text;
     }
