@@ -5,7 +5,7 @@
 #include "receivables/posting/InvoicePostingRun.h"
 #include "receivables/posting/ReceivablesCheck.h"
 
-#include <sqlite3.h>
+#include "support/CompanyFingerprint.h"
 
 #include <filesystem>
 #include <string>
@@ -41,16 +41,12 @@ protected:
         db_.Close();
         pattern_ = scratch_.Path() + "/pattern";
         work_ = scratch_.Path() + "/company";
-        std::filesystem::create_directory(pattern_);
-        for (const auto& entry : std::filesystem::directory_iterator(folder_.Path()))
-            if (entry.is_regular_file())
-                std::filesystem::copy_file(entry.path(),
-                                           pattern_ + "/" + entry.path().filename().string());
+        CopyCompanyFiles(folder_.Path(), pattern_);
         FreshCopy();
-        before_ = Fingerprint(work_);
+        before_ = CompanyFingerprint(work_);
         FreshCopy();
         Post(work_);
-        after_ = Fingerprint(work_);
+        after_ = CompanyFingerprint(work_);
         ASSERT_NE(before_, after_);
         db_.Open();
     }
@@ -66,39 +62,6 @@ protected:
         db.SetDirectory(folder);
         db.Open();
         return receivables::InvoicePostingRun(db).Run([](const std::string&) { return false; });
-    }
-
-    // Every row of every table of the company, in storage order, as text.
-    static std::string Fingerprint(store::Database& db) {
-        std::vector<std::string> tables;
-        {
-            store::Statement s(db.Conn(), "SELECT name FROM main.sqlite_schema WHERE type = "
-                                          "'table' AND name NOT LIKE 'sqlite_%' ORDER BY name");
-            while (s.Step())
-                tables.push_back(s.ColumnNatural(0).Str());
-        }
-        std::string text;
-        for (const auto& table : tables) {
-            text += "[" + table + "]\n";
-            store::Statement s(db.Conn(), "SELECT * FROM main.\"" + table + "\" ORDER BY rowid");
-            while (s.Step()) {
-                for (int c = 0; c < s.ColumnCount(); ++c) {
-                    const unsigned char* v = sqlite3_column_text(s.Handle(), c);
-                    text += v ? reinterpret_cast<const char*>(v) : "<null>";
-                    text += '|';
-                }
-                text += '\n';
-            }
-        }
-        return text;
-    }
-
-    std::string Fingerprint(const std::string& folder) {
-        store::Session session;
-        store::Database db(session);
-        db.SetDirectory(folder);
-        db.Open();
-        return Fingerprint(db);
     }
 
     enum class Outcome { Unposted, Posted, Broken };
@@ -128,7 +91,7 @@ protected:
             s.Step();
             posted = s.ColumnInt(0);
         }
-        const std::string now = Fingerprint(db);
+        const std::string now = CompanyFingerprint(db);
         if (now == before_ && posted == 0) return Outcome::Unposted;
         if (now == after_ && posted == Invoices) return Outcome::Posted;
         ADD_FAILURE() << what << ": the company holds part of the run: " << posted << " of "
