@@ -134,7 +134,7 @@ TEST_F(JVImport, AGoodFileBecomesLinesAfterThoseTypedAndTheVoucherSaves) {
         EXPECT_NE(name.rfind("JVImport", 0), 0u) << name;
 
     d.Click("btnOK");
-    EXPECT_FALSE(form.Visible()) << LastMessage();
+    EXPECT_FALSE(VoucherFormOpen()) << LastMessage();
     EXPECT_EQ(SqlText("SELECT Seq, GLAccountID, GLAmount, SubAccount1ID, SubAccount3ID FROM "
                       "JVDet ORDER BY Seq"),
               "1,1,1,,|2,1,12.5,1,1|3,2,-13.5,,");
