@@ -29,6 +29,8 @@ public:
     virtual QWidget* FocusWidget() const { return Widget(); }
     // Shows the control's state; the widget's signals are blocked meanwhile.
     void Pull();
+    // The control is gone: nothing the widget still does (painting, hiding) may read it.
+    virtual void Detach() {}
     // Keys the form model handles rather than the widget itself.
     virtual bool RoutesKey(const QKeyEvent& event) const;
 

@@ -44,9 +44,16 @@ FormWindow::FormWindow(QtHost& host, ui::Form& form) : host_(host), form_(form) 
 
 FormWindow::~FormWindow() {
     // The form may be gone already; nothing the widgets do while they go may reach it.
-    orphaned_ = true;
+    Orphan();
     for (auto& [widget, binding] : watched_)
         const_cast<QObject*>(widget)->removeEventFilter(this);
+}
+
+void FormWindow::Orphan() {
+    if (orphaned_) return;
+    orphaned_ = true;
+    for (auto& binding : bindings_)
+        binding->Detach();
 }
 
 void FormWindow::Build() {

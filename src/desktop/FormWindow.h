@@ -44,7 +44,7 @@ public:
     // expect is shown like any other.
     void UserEvent(const std::function<void()>& act);
     // The form was freed: nothing may reach it any more.
-    void Orphan() { orphaned_ = true; }
+    void Orphan();
 
     // The widget of a control, made on first use.
     QWidget* Bind(ui::Control& control, LayoutBuilder& builder);

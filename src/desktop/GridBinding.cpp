@@ -82,6 +82,10 @@ GridBinding::GridBinding(FormWindow& window, ui::Grid& grid)
 
 GridBinding::~GridBinding() = default;
 
+void GridBinding::Detach() {
+    model_->Detach();
+}
+
 QWidget* GridBinding::Widget() const {
     return view_;
 }

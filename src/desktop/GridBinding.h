@@ -22,6 +22,7 @@ public:
     ~GridBinding() override;
     QWidget* Widget() const override;
     bool RoutesKey(const QKeyEvent& event) const override;
+    void Detach() override;
     GridTableModel& Model() const { return *model_; }
     // What the columns grew by beyond the widths the form gave them, so that the window grows
     // with them.

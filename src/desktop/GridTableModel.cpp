@@ -10,18 +10,28 @@
 namespace corvane::desktop {
 
 GridTableModel::GridTableModel(ui::Grid& grid, QObject* parent)
-    : QAbstractTableModel(parent), grid_(grid) {
+    : QAbstractTableModel(parent), grid_(&grid) {
     count_ = Count();
 }
 
 std::int64_t GridTableModel::Count() const {
-    return grid_.RowCount();
+    return grid_ ? grid_->RowCount() : 0;
+}
+
+void GridTableModel::Detach() {
+    beginResetModel();
+    grid_ = nullptr;
+    count_ = 0;
+    rows_.clear();
+    start_ = 0;
+    endResetModel();
 }
 
 std::vector<int> GridTableModel::VisibleColumns() const {
     std::vector<int> visible;
-    for (std::size_t i = 0; i < grid_.Columns.size(); ++i)
-        if (grid_.Columns[i].Visible) visible.push_back(static_cast<int>(i));
+    if (!grid_) return visible;
+    for (std::size_t i = 0; i < grid_->Columns.size(); ++i)
+        if (grid_->Columns[i].Visible) visible.push_back(static_cast<int>(i));
     return visible;
 }
 
@@ -37,7 +47,7 @@ int GridTableModel::columnCount(const QModelIndex& parent) const {
 std::string GridTableModel::FieldOfColumn(int column) const {
     auto visible = VisibleColumns();
     if (column < 0 || column >= static_cast<int>(visible.size())) return {};
-    return grid_.Columns[static_cast<std::size_t>(visible[static_cast<std::size_t>(column)])]
+    return grid_->Columns[static_cast<std::size_t>(visible[static_cast<std::size_t>(column)])]
         .FieldName;
 }
 
@@ -46,30 +56,30 @@ QVariant GridTableModel::headerData(int section, Qt::Orientation orientation, in
     auto visible = VisibleColumns();
     if (section < 0 || section >= static_cast<int>(visible.size())) return {};
     const ui::GridColumn& column =
-        grid_.Columns[static_cast<std::size_t>(visible[static_cast<std::size_t>(section)])];
+        grid_->Columns[static_cast<std::size_t>(visible[static_cast<std::size_t>(section)])];
     if (role == Qt::DisplayRole) return QString::fromStdString(column.Title);
     if (role == Qt::TextAlignmentRole) return Alignment(column);
     return {};
 }
 
 int GridTableModel::Alignment(const ui::GridColumn& column) const {
-    return int((grid_.RightAligned(column) ? Qt::AlignRight : Qt::AlignLeft) | Qt::AlignVCenter);
+    return int((grid_->RightAligned(column) ? Qt::AlignRight : Qt::AlignLeft) | Qt::AlignVCenter);
 }
 
 QVariant GridTableModel::data(const QModelIndex& index, int role) const {
-    if (!index.isValid()) return {};
+    if (!index.isValid() || !grid_) return {};
     // The cell being typed into shows the typing, on a light ground of its own.
-    const bool typing =
-        grid_.EditorMode() && index.column() == grid_.SelectedIndex() && CursorRow() == index.row();
+    const bool typing = grid_->EditorMode() && index.column() == grid_->SelectedIndex() &&
+                        CursorRow() == index.row();
     if (role == Qt::BackgroundRole && typing) return QColor(255, 250, 205);
     if (role == Qt::TextAlignmentRole) {
         auto visible = VisibleColumns();
         if (index.column() >= static_cast<int>(visible.size())) return {};
-        return Alignment(grid_.Columns[static_cast<std::size_t>(
+        return Alignment(grid_->Columns[static_cast<std::size_t>(
             visible[static_cast<std::size_t>(index.column())])]);
     }
     if (role != Qt::DisplayRole) return {};
-    if (typing) return QString::fromStdString(grid_.EditorText());
+    if (typing) return QString::fromStdString(grid_->EditorText());
     const std::vector<std::string>* row = Row(index.row());
     if (!row || index.column() >= static_cast<int>(row->size())) return {};
     return QString::fromStdString((*row)[static_cast<std::size_t>(index.column())]);
@@ -92,15 +102,15 @@ void GridTableModel::Reload() {
 }
 
 std::optional<std::int64_t> GridTableModel::CursorRow() const {
-    auto& dataSet = grid_.DataSet();
-    if (count_ == 0) return std::nullopt;
-    if (auto at = grid_.RowIndex()) return std::min(*at, count_ - 1);
+    if (count_ == 0 || !grid_) return std::nullopt;
+    auto& dataSet = grid_->DataSet();
+    if (auto at = grid_->RowIndex()) return std::min(*at, count_ - 1);
     if (dataSet.Eof()) return count_ - 1;
     // Moved by a search or the like: near either end the rows beyond tell where it stands.
-    ui::RowWindow after = grid_.Rows(0, Reach);
+    ui::RowWindow after = grid_->Rows(0, Reach);
     auto behind = static_cast<std::int64_t>(after.Rows.size()) - 1 - after.Current;
     if (behind < Reach) return count_ - 1 - behind;
-    ui::RowWindow before = grid_.Rows(Reach, 0);
+    ui::RowWindow before = grid_->Rows(Reach, 0);
     if (before.Current < Reach) return before.Current;
     return std::nullopt;
 }
@@ -126,13 +136,13 @@ void GridTableModel::Fetch(int row) const {
         if (!cursor) {
             // Where the cursor stands is unknown: start again from the top.
             moved = true;
-            grid_.MoveRows(INT_MIN + 1);
+            grid_->MoveRows(INT_MIN + 1);
             cursor = 0;
         }
         if (std::abs(row - *cursor) > FarRows) {
             moved = true;
-            grid_.MoveRows(static_cast<int>(row - *cursor));
-            cursor = grid_.RowIndex().value_or(row);
+            grid_->MoveRows(static_cast<int>(row - *cursor));
+            cursor = grid_->RowIndex().value_or(row);
         }
     } catch (const std::exception& e) {
         // A scroll handler of the form refused; painting goes on and the event shows the error.
@@ -144,7 +154,7 @@ void GridTableModel::Fetch(int row) const {
     std::int64_t high =
         std::min<std::int64_t>(count_ - 1, std::max<std::int64_t>(*cursor, row + Reach));
     ui::RowWindow window =
-        grid_.Rows(static_cast<int>(*cursor - low), static_cast<int>(high - *cursor));
+        grid_->Rows(static_cast<int>(*cursor - low), static_cast<int>(high - *cursor));
     start_ = *cursor - std::max(window.Current, 0);
     rows_ = std::move(window.Rows);
     rowsRead_ += static_cast<std::int64_t>(rows_.size());

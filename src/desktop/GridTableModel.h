@@ -31,6 +31,8 @@ public:
     QVariant headerData(int section, Qt::Orientation orientation,
                         int role = Qt::DisplayRole) const override;
 
+    // The grid is gone: the view is shown empty and nothing reads the grid again.
+    void Detach();
     // The rows under the grid changed: count again and forget what was read.
     void Reload();
     // The cursor's row from the top; nothing for an empty cursor.
@@ -61,7 +63,7 @@ private:
     // Qt's alignment of the column's cells and title.
     int Alignment(const ui::GridColumn& column) const;
 
-    ui::Grid& grid_;
+    ui::Grid* grid_;
     std::int64_t count_ = 0;
     mutable std::int64_t start_ = 0;
     mutable std::vector<std::vector<std::string>> rows_;

@@ -24,6 +24,8 @@ QtHost::~QtHost() {
         window->Orphan();
         delete window;
     }
+    for (const QPointer<FormWindow>& window : dropped_)
+        delete window.data();
 }
 
 FormWindow* QtHost::WindowOf(const ui::Form& form) const {
@@ -39,26 +41,23 @@ FormWindow* QtHost::WindowOf(std::string_view formName) const {
 
 FormWindow& QtHost::Window(ui::Form& form) {
     app_ = &form.App();
-    DropOrphans();
     if (FormWindow* w = WindowOf(form)) return *w;
     auto* window = new FormWindow(*this, form);
     windows_.emplace(&form, window);
     return *window;
 }
 
-void QtHost::DropOrphans() {
-    if (!app_) return;
-    const auto& forms = app_->Forms();
-    for (auto it = windows_.begin(); it != windows_.end();) {
-        if (std::find(forms.begin(), forms.end(), it->first) == forms.end()) {
-            it->second->Orphan();
-            it->second->hide();
-            it->second->deleteLater();
-            it = windows_.erase(it);
-        } else {
-            ++it;
-        }
-    }
+void QtHost::FormGone(ui::Form& form) {
+    auto it = windows_.find(&form);
+    if (it == windows_.end()) return;
+    FormWindow* window = it->second;
+    windows_.erase(it);
+    // The window may be inside one of its own events: it is cut off now and deleted later.
+    window->Orphan();
+    window->hide();
+    window->deleteLater();
+    dropped_.erase(std::remove(dropped_.begin(), dropped_.end(), nullptr), dropped_.end());
+    dropped_.emplace_back(window);
 }
 
 void QtHost::ShowForm(ui::Form& form) {
@@ -118,7 +117,6 @@ std::optional<ui::ScreenRect> QtHost::ControlRect(const ui::Control& control) co
 void QtHost::EventDone() {
     if (refreshing_) return;
     refreshing_ = true;
-    DropOrphans();
     for (auto& [form, window] : windows_)
         if (window->isVisible()) window->Pull();
     refreshing_ = false;

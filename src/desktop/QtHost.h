@@ -2,9 +2,12 @@
 
 #include "ui/Host.h"
 
+#include <QPointer>
+
 #include <map>
 #include <memory>
 #include <string_view>
+#include <vector>
 
 namespace corvane::ui {
 class Application;
@@ -28,6 +31,7 @@ public:
     FormWindow* WindowOf(const ui::Form& form) const;
     FormWindow* WindowOf(std::string_view formName) const;
 
+    void FormGone(ui::Form& form) override;
     void ShowForm(ui::Form& form) override;
     void HideForm(ui::Form& form) override;
     void RunModal(ui::Form& form) override;
@@ -43,11 +47,10 @@ public:
 
 private:
     FormWindow& Window(ui::Form& form);
-    // Windows of forms the application has freed go with them.
-    void DropOrphans();
-
     ui::Application* app_ = nullptr;
     std::map<const ui::Form*, FormWindow*> windows_;
+    // Windows of freed forms, deleted once Qt is out of their events.
+    std::vector<QPointer<FormWindow>> dropped_;
     std::unique_ptr<WheelKeys> wheel_;
     bool refreshing_ = false;
 };

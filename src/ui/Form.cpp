@@ -20,6 +20,7 @@ Form::Form(Application& app, std::string name) : app_(app), name_(std::move(name
 }
 
 Form::~Form() {
+    app_.GetHost().FormGone(*this);
     app_.Unregister(*this);
 }
 

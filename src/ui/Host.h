@@ -19,6 +19,8 @@ class Host {
 public:
     virtual ~Host() = default;
 
+    // The form is being destroyed: its window must stop reading it at once.
+    virtual void FormGone(Form&) {}
     // The form comes up as a free window, or to the front when it is up already.
     virtual void ShowForm(Form& form) = 0;
     virtual void HideForm(Form& form) = 0;

@@ -29,6 +29,8 @@ trap cleanup EXIT
 
 Xvfb "$display" -screen 0 1400x1000x24 -nolisten tcp >"$work/xvfb.log" 2>&1 &
 xvfb=$!
+# The real window system, even where the caller drew its tests offscreen.
+export QT_QPA_PLATFORM=xcb
 export DISPLAY=$display HOME=$work/home XDG_DATA_HOME=$work/home/data XDG_CONFIG_HOME=$work/home/config
 export XDG_RUNTIME_DIR=$work/runtime
 mkdir -p "$HOME" "$XDG_RUNTIME_DIR" && chmod 700 "$XDG_RUNTIME_DIR"
