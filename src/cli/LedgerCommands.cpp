@@ -1,12 +1,14 @@
 #include "cli/LedgerCommands.h"
 
 #include "cli/CommandCompany.h"
+#include "core/RegionalSettings.h"
 #include "store/FileError.h"
 
 #include "ledger/posting/LedgerCheck.h"
 #include "ledger/posting/LedgerExport.h"
 #include "ledger/posting/PostingRun.h"
 #include "receivables/posting/InvoicePostingRun.h"
+#include "receivables/posting/PaymentPostingRun.h"
 #include "receivables/posting/ReceivablesCheck.h"
 #include "store/Database.h"
 #include "store/Session.h"
@@ -32,6 +34,10 @@ int PostVouchers(const std::string& folder, std::ostream& out, std::ostream& err
         // their vouchers then go to the ledger in the same command.
         const auto invoices = receivables::InvoicePostingRun(db).Run(giveUp);
         out << invoices << " invoice(s) posted\n";
+        // Then the payments, which settle the invoices posted before them.
+        receivables::PaymentPostingRun payments(db);
+        payments.CheckWording = ProcessCountryName() == "United States";
+        out << payments.Run(giveUp) << " payment(s) posted\n";
         const auto posted = ledger::PostingRun(db).Run(giveUp);
         out << posted << " JV(s) posted\n";
         return 0;

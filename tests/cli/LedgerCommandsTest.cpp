@@ -66,13 +66,13 @@ TEST_F(LedgerCommandsTest, PostCountsWhatItPostsAndLeavesNothingForASecondRun) {
 
     const CommandResult first = RunCaptured({"post", Folder()});
     EXPECT_EQ(first.Exit, 0);
-    EXPECT_EQ(first.Out, "0 invoice(s) posted\n37 JV(s) posted\n");
+    EXPECT_EQ(first.Out, "0 invoice(s) posted\n0 payment(s) posted\n37 JV(s) posted\n");
     EXPECT_EQ(Count("SELECT count(*) FROM JV WHERE Posted = 1"), 37);
     EXPECT_EQ(Count("SELECT count(*) FROM GLHist"), lines + reversing);
 
     const CommandResult second = RunCaptured({"post", Folder()});
     EXPECT_EQ(second.Exit, 0);
-    EXPECT_EQ(second.Out, "0 invoice(s) posted\n0 JV(s) posted\n");
+    EXPECT_EQ(second.Out, "0 invoice(s) posted\n0 payment(s) posted\n0 JV(s) posted\n");
     EXPECT_EQ(Count("SELECT count(*) FROM GLHist"), lines + reversing);
 }
 
@@ -84,7 +84,7 @@ TEST_F(LedgerCommandsTest, PostThatCannotLockTheVouchersSaysSoAndPostsNothing) {
         held.LockTable();
         const CommandResult refused = RunCaptured({"post", Folder()});
         EXPECT_EQ(refused.Exit, 1);
-        EXPECT_EQ(refused.Out, "0 invoice(s) posted\n");
+        EXPECT_EQ(refused.Out, "0 invoice(s) posted\n0 payment(s) posted\n");
         EXPECT_EQ(refused.Err, "Unable to lock JVs table... this table is being updated by "
                                "another job.\n");
         EXPECT_EQ(Count("SELECT count(*) FROM GLHist"), 0);
@@ -92,7 +92,7 @@ TEST_F(LedgerCommandsTest, PostThatCannotLockTheVouchersSaysSoAndPostsNothing) {
     }
     const CommandResult freed = RunCaptured({"post", Folder()});
     EXPECT_EQ(freed.Exit, 0);
-    EXPECT_EQ(freed.Out, "0 invoice(s) posted\n1 JV(s) posted\n");
+    EXPECT_EQ(freed.Out, "0 invoice(s) posted\n0 payment(s) posted\n1 JV(s) posted\n");
 }
 
 TEST_F(LedgerCommandsTest, CheckPassesAPostedLedgerAndNamesATamperedTotal) {

@@ -1,7 +1,7 @@
 #include "receivables/posting/InvoicePostingWriter.h"
 
-#include "ledger/posting/StatementColumns.h"
 #include "ledger/domain/VoucherNumbering.h"
+#include "ledger/posting/StatementColumns.h"
 #include "store/Database.h"
 #include "store/Value.h"
 #include "store/sql/Connection.h"
@@ -91,16 +91,23 @@ std::int64_t InvoicePostingWriter::NextPaymentID() {
 std::int64_t InvoicePostingWriter::WriteVoucher(const VoucherToWrite& v, const InvoiceToPost& inv,
                                                 std::optional<std::int64_t> arInvoiceId,
                                                 std::optional<std::int64_t> paymentId) {
+    return WriteVoucher(v, VoucherPlace{inv.GLYear, inv.GLPeriod, inv.InvoiceDate, inv.CustomerID},
+                        arInvoiceId, paymentId);
+}
+
+std::int64_t InvoicePostingWriter::WriteVoucher(const VoucherToWrite& v, const VoucherPlace& at,
+                                                std::optional<std::int64_t> arInvoiceId,
+                                                std::optional<std::int64_t> paymentId) {
     const std::int64_t jvid = NextJVID();
-    const std::int64_t number = NextJVNumber(inv.GLYear, inv.GLPeriod);
+    const std::int64_t number = NextJVNumber(at.GLYear, at.GLPeriod);
     Run(db_,
         "INSERT INTO main.JV (JVID, GLYear, GLPeriod, JVNumber, Source, TransType, TransDate, "
         "TransDescription, CustomerID, ARInvoiceID, PaymentID, JVAmount, Posted, AutoReverse) "
         "VALUES (?, ?, ?, ?, ?, ?, ?, ?, ?, ?, ?, ?, ?, ?)",
-        {Value(jvid), Value(inv.GLYear), Value(inv.GLPeriod), Value(number), Value("AR"),
-         Value(v.TransType), Value(inv.InvoiceDate), Value(v.TransDescription),
-         Value(inv.CustomerID), Optional(arInvoiceId), Optional(paymentId), Value(v.JVAmount),
-         Value(false), Value(false)});
+        {Value(jvid), Value(at.GLYear), Value(at.GLPeriod), Value(number), Value("AR"),
+         Value(v.TransType), Value(at.TransDate), Value(v.TransDescription), Value(at.CustomerID),
+         Optional(arInvoiceId), Optional(paymentId), Value(v.JVAmount), Value(false),
+         Value(false)});
     for (const ledger::VoucherLine& line : v.Lines)
         Run(db_,
             "INSERT INTO main.JVDet (JVID, Seq, GLAccountID, SubAccount1ID, SubAccount2ID, "

@@ -13,8 +13,15 @@ class Database;
 
 namespace corvane::receivables {
 
-// Writes what posting an invoice computes, inside the run's transaction. The run holds the
-// control tables exclusively, so their counters are read once, handed out in memory and written
+// Where a voucher of a receivables document stands: its period, date and customer.
+struct VoucherPlace {
+    int GLYear = 0, GLPeriod = 0;
+    Date TransDate;
+    std::int64_t CustomerID = 0;
+};
+
+// Writes what posting an invoice or a payment computes, inside the run's transaction. The run holds
+// the control tables exclusively, so their counters are read once, handed out in memory and written
 // back by Flush; the balances of customers and stock are read once each, changed in memory and
 // written back by Flush as well. Call Flush before the commit.
 class InvoicePostingWriter {
@@ -24,6 +31,9 @@ public:
     // Writes the header and lines of a voucher of the invoice's period, drawing its id and the
     // first number of the period that no voucher holds yet. Returns its JVID.
     std::int64_t WriteVoucher(const VoucherToWrite& voucher, const InvoiceToPost& invoice,
+                              std::optional<std::int64_t> arInvoiceId,
+                              std::optional<std::int64_t> paymentId);
+    std::int64_t WriteVoucher(const VoucherToWrite& voucher, const VoucherPlace& place,
                               std::optional<std::int64_t> arInvoiceId,
                               std::optional<std::int64_t> paymentId);
     // Posted, with the rate that was used; the only moment the rate is fixed on the invoice.

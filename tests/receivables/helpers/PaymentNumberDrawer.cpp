@@ -1,0 +1,43 @@
+// A second workstation drawing payment ids. It opens the company, prints "ready", waits until
+// the start file exists, draws the given count of ids (answering Retry whenever the control
+// table stays held) and prints each, then "done".
+//
+//   receivables_payment_drawer <company folder> <start file> <count>
+
+#include "receivables/payments/domain/PaymentDocument.h"
+#include "store/Database.h"
+#include "store/Session.h"
+
+#include <chrono>
+#include <exception>
+#include <filesystem>
+#include <iostream>
+#include <string>
+#include <thread>
+
+int main(int argc, char** argv) {
+    if (argc != 4) {
+        std::cerr << "usage: receivables_payment_drawer <company folder> <start file> <count>\n";
+        return 64;
+    }
+    try {
+        corvane::store::Session session;
+        corvane::store::Database db(session);
+        db.SetDirectory(argv[1]);
+        db.Open();
+        std::cout << "ready" << std::endl;
+        for (int i = 0; i < 20000 && !std::filesystem::exists(argv[2]); ++i)
+            std::this_thread::sleep_for(std::chrono::milliseconds(1));
+        const int count = std::stoi(argv[3]);
+        for (int i = 0; i < count; ++i) {
+            auto id = corvane::receivables::DrawPaymentID(
+                db, [](const std::string&) { return true; }, 50, 1);
+            std::cout << *id << "\n";
+        }
+        std::cout << "done" << std::endl;
+        return 0;
+    } catch (const std::exception& e) {
+        std::cout << "error: " << e.what() << std::endl;
+        return 2;
+    }
+}
