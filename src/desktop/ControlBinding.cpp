@@ -4,6 +4,8 @@
 #include "desktop/KeyTranslation.h"
 #include "ui/Control.h"
 
+#include <QFont>
+#include <QPalette>
 #include <QSignalBlocker>
 #include <QWidget>
 
@@ -14,7 +16,25 @@ void ControlBinding::Pull() {
     QSignalBlocker blockFocus(FocusWidget());
     if (Widget()->isHidden() == control_.Visible) Widget()->setHidden(!control_.Visible);
     if (Widget()->isEnabled() != control_.Enabled) Widget()->setEnabled(control_.Enabled);
+    PullAlert();
     PullState();
+}
+
+void ControlBinding::PullAlert() {
+    QWidget* w = Widget();
+    if (w->property("corvaneAlert").toBool() == control_.Alert) return;
+    w->setProperty("corvaneAlert", control_.Alert);
+    QFont font = w->font();
+    font.setBold(control_.Alert);
+    w->setFont(font);
+    QPalette palette = w->palette();
+    if (control_.Alert) {
+        palette.setColor(QPalette::Text, Qt::red);
+        palette.setColor(QPalette::WindowText, Qt::red);
+    } else {
+        palette = w->parentWidget() ? w->parentWidget()->palette() : QPalette();
+    }
+    w->setPalette(palette);
 }
 
 bool ControlBinding::RoutesKey(const QKeyEvent& event) const {

@@ -43,6 +43,9 @@ protected:
     FormWindow& Window() const { return window_; }
 
 private:
+    // Red and bold while the control asks for it.
+    void PullAlert();
+
     FormWindow& window_;
     ui::Control& control_;
 };

@@ -9,6 +9,7 @@
 #include "receivables/ReceivablesForms.h"
 #include "reports/system/SystemReports.h"
 #include "shell/main/ShellForms.h"
+#include "timebilling/TimeBillingForms.h"
 
 namespace corvane::program {
 
@@ -22,6 +23,7 @@ void RegisterProgramForms(shell::FormRegistry& registry) {
     receivables::RegisterReceivablesForms(registry);
     inventory::RegisterInventoryForms(registry);
     company::RegisterCompanyForms(registry);
+    timebilling::RegisterTimeBillingForms(registry);
 }
 
 } // namespace corvane::program

@@ -20,6 +20,9 @@ public:
     bool Enabled = true;
     bool Visible = true;
     bool TabStop = true;
+    // Drawn in red and bold: a value that is changing under the user's eyes, as the hours of a
+    // running timer.
+    bool Alert = false;
     PopupMenu* Popup = nullptr;
 
     // Visible, and on the active page of every page control that holds it.
