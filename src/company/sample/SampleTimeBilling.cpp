@@ -69,8 +69,8 @@ constexpr SampleJob kJobs[] = {
 };
 
 std::vector<std::int64_t> CustomerIds(store::Database& db) {
-    store::Query q(db, "SELECT CustomerID FROM Customer WHERE Suspended IS NULL OR Suspended = "
-                       "false ORDER BY CustomerID");
+    store::Query q(db, "SELECT CustomerID FROM Customer WHERE (Suspended IS NULL OR Suspended = "
+                       "false) AND CustomerNo <> '0' ORDER BY CustomerID");
     q.Open();
     std::vector<std::int64_t> ids;
     for (; !q.Eof(); q.Next())
@@ -134,7 +134,8 @@ void WriteSampleTimeBilling(store::Database& db, int fiscalYear) {
                       Value(customers[j.Customer % customers.size()]),
                       Value(Date::FromYmd(fiscalYear, 8, 15)), Value(j.Priority), Value(true),
                       Value(false), Value(std::string(dated ? "A" : "B")),
-                      dated ? Value(Date::FromYmd(fiscalYear + 1, 1, 10 * j.Priority)) : Value(),
+                      dated ? Value(Date::FromYmd(fiscalYear + 1, 1, 1).AddDays(10 * j.Priority))
+                            : Value(),
                       Value(1 + leader++ % 4), Value(Money::FromWhole(5000 + 2500 * j.Priority))});
             for (int line = 0; line < 4 && j.Tasks[line][0]; ++line)
                 tasks.Add({Value(timebilling::DrawTaskId(db)), Value(jobId), Value(line + 1),
@@ -158,9 +159,10 @@ void WriteSampleTimeBilling(store::Database& db, int fiscalYear) {
     }
     {
         store::Transaction time(db, {"TimeSht"});
-        RowWriter sheets(
-            db, "TimeSht",
-            {"CustomerID", "JobID", "TaskID", "EmployeeID", "WorkDate", "Hours", "Notes"});
+        RowWriter sheets(db, "TimeSht",
+                         {"TimeSheetID", "CustomerID", "JobID", "TaskID", "EmployeeID", "WorkDate",
+                          "Hours", "Notes"});
+        std::int64_t sheetId = 0;
         std::uint32_t seed = 17;
         auto next = [&seed] { return seed = seed * 1103515245u + 12345u, (seed >> 16) & 0x7fff; };
         for (Date d = Date::FromYmd(fiscalYear, 9, 1); d <= Date::FromYmd(fiscalYear, 12, 31);
@@ -169,10 +171,12 @@ void WriteSampleTimeBilling(store::Database& db, int fiscalYear) {
             for (int employee = 1; employee <= 4; ++employee) {
                 const TaskRef& t = refs[next() % refs.size()];
                 const double hours = 0.25 * (4 + next() % 25);
-                sheets.Add({Value(t.Customer), Value(t.Job), Value(t.Task), Value(employee),
-                            Value(d), Value(hours), Value()});
+                sheets.Add({Value(++sheetId), Value(t.Customer), Value(t.Job), Value(t.Task),
+                            Value(employee), Value(d), Value(hours), Value()});
             }
         }
+        // The next time sheet typed follows on.
+        db.NoteAutoIncValue(store::Database::MainSchema, "TimeSht", "TimeSheetID", sheetId);
         time.Commit();
     }
 

@@ -94,6 +94,7 @@ TfrmJob::TfrmJob(ui::Application& app, store::Database& db)
     };
     EntryTable.AfterScroll = [this](store::DataSet&) { ShowTasks(); };
 
+    editJobName.OnChange = [this] { ShowCaption(); };
     popNewTask.OnClick = [this] { NewLine(); };
     popDeleteTask.OnClick = [this] { DeleteLine(); };
     popMoveUp.OnClick = btnMoveUp.OnClick = [this] { MoveLine(-1); };
@@ -183,7 +184,8 @@ void TfrmJob::ShowCaption() {
         return;
     }
     if (!EntryTable.Active()) return;
-    const std::string name = EntryTable.FieldByName("JobName").AsString();
+    // What is typed counts before it reaches the field.
+    const std::string name = editJobName.Text();
     Caption = EntryTable.State() == DataSetState::Insert && name.empty() ? "New Job" : name;
 }
 
