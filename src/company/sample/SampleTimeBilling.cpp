@@ -1,7 +1,7 @@
 #include "company/sample/SampleTimeBilling.h"
 
-#include "company/sample/RowWriter.h"
 #include "core/Date.h"
+#include "store/BulkWriter.h"
 #include "store/Database.h"
 #include "store/Query.h"
 #include "timebilling/domain/AutoCreate.h"
@@ -87,9 +87,10 @@ std::string FirstTaxCode(store::Database& db, std::optional<std::int64_t>& taxId
 }
 
 void WriteCustomers(store::Database& db, const std::optional<std::int64_t>& taxId) {
-    RowWriter customers(db, "Customer",
-                        {"CustomerID", "CustomerNo", "CustomerName", "City", "Tax1ID", "CurrencyID",
-                         "NetDays", "TermsText", "Suspended", "PrintStatement"});
+    store::BulkInsert customers(db, "Customer",
+                                {"CustomerID", "CustomerNo", "CustomerName", "City", "Tax1ID",
+                                 "CurrencyID", "NetDays", "TermsText", "Suspended",
+                                 "PrintStatement"});
     int id = 1;
     for (const SampleCustomer& c : kCustomers)
         customers.Add({Value(id++), Value(std::string(c.No)), Value(std::string(c.Name)),
@@ -108,24 +109,24 @@ void WriteSampleTimeBilling(store::Database& db, int fiscalYear) {
                                    {"Customer", "Employee", "TaskType", "Job", "Task", "JobCtl"});
         if (CustomerIds(db).empty()) WriteCustomers(db, taxId);
         customers = CustomerIds(db);
-        RowWriter employees(db, "Employee", {"EmployeeID", "EmployeeName", "JobTitle"});
+        store::BulkInsert employees(db, "Employee", {"EmployeeID", "EmployeeName", "JobTitle"});
         int id = 1;
         for (const char* name : kEmployees)
             employees.Add(
                 {Value(id++), Value(std::string(name)), Value(std::string("Consultant"))});
-        RowWriter types(db, "TaskType",
-                        {"TaskTypeID", "TypeName", "Rate", "SalesGLAccountID", "TaxCodes"});
+        store::BulkInsert types(db, "TaskType",
+                                {"TaskTypeID", "TypeName", "Rate", "SalesGLAccountID", "TaxCodes"});
         id = 1;
         for (const SampleTaskType& t : kTaskTypes)
             types.Add({Value(id++), Value(std::string(t.Name)),
                        Value(Money::FromCents(t.RateCents)), Value(4), Value(taxCode)});
-        RowWriter jobs(db, "Job",
-                       {"JobID", "JobName", "CustomerID", "RequestedOn", "Priority", "Authorized",
-                        "Completed", "DueDateEntered", "DueDate", "ProjectLeaderID",
-                        "EstimatedPrice"});
-        RowWriter tasks(db, "Task",
-                        {"TaskID", "JobID", "LineNo", "TaskName", "TaskTypeID", "EmployeeID",
-                         "Completed", "EstimatedHours"});
+        store::BulkInsert jobs(db, "Job",
+                               {"JobID", "JobName", "CustomerID", "RequestedOn", "Priority",
+                                "Authorized", "Completed", "DueDateEntered", "DueDate",
+                                "ProjectLeaderID", "EstimatedPrice"});
+        store::BulkInsert tasks(db, "Task",
+                                {"TaskID", "JobID", "LineNo", "TaskName", "TaskTypeID",
+                                 "EmployeeID", "Completed", "EstimatedHours"});
         int leader = 0;
         for (const SampleJob& j : kJobs) {
             const std::int64_t jobId = timebilling::DrawJobId(db);
@@ -159,9 +160,9 @@ void WriteSampleTimeBilling(store::Database& db, int fiscalYear) {
     }
     {
         store::Transaction time(db, {"TimeSht"});
-        RowWriter sheets(db, "TimeSht",
-                         {"TimeSheetID", "CustomerID", "JobID", "TaskID", "EmployeeID", "WorkDate",
-                          "Hours", "Notes"});
+        store::BulkInsert sheets(db, "TimeSht",
+                                 {"TimeSheetID", "CustomerID", "JobID", "TaskID", "EmployeeID",
+                                  "WorkDate", "Hours", "Notes"});
         std::int64_t sheetId = 0;
         std::uint32_t seed = 17;
         auto next = [&seed] { return seed = seed * 1103515245u + 12345u, (seed >> 16) & 0x7fff; };
