@@ -12,6 +12,8 @@
 #include "receivables/masters/TfrmSalesmen.h"
 #include "receivables/masters/TfrmTax.h"
 #include "receivables/masters/TfrmTaxes.h"
+#include "receivables/reports/ARReports.h"
+#include "receivables/reports/TfrmARReports.h"
 #include "receivables/reports/TrptCustomers.h"
 #include "receivables/reports/TrptTaxes.h"
 #include "reports/run/ReportRegistry.h"
@@ -51,6 +53,9 @@ void RegisterReceivablesForms(shell::FormRegistry& registry) {
     registry.Register("frmCustomerSearch", [](shell::FormContext& ctx) -> ui::Form& {
         return ctx.App.SingleForm<TfrmCustomerSearch>(ctx.Db);
     });
+    registry.Register("frmARReports", [](shell::FormContext& ctx) -> ui::Form& {
+        return ctx.App.SingleForm<TfrmARReports>(ctx.Db);
+    });
     RegisterListReport<TrptTaxes>(registry, "frmTaxes");
     RegisterListReport<TrptCustomers>(registry, "frmCustomers");
     RegisterListReport<TrptCusTypes>(registry, "frmCusTypes");
@@ -58,6 +63,7 @@ void RegisterReceivablesForms(shell::FormRegistry& registry) {
 }
 
 void RegisterReceivablesReports(reports::ReportRegistry& registry) {
+    RegisterARReports(registry);
     registry.Register("Taxes", "The sales taxes", [](store::Database& db, const auto&) {
         return std::unique_ptr<reports::TrptBase>(std::make_unique<TrptTaxes>(db));
     });

@@ -255,6 +255,11 @@ std::string ComposeSelect(const SelectParts& parts) {
             one = "SELECT * FROM (" + one + " LIMIT " + std::to_string(*core.Limit) + ")";
         sql += one;
     }
+    // SQLite cannot read a collated position ("ORDER BY 4 COLLATE NOCASE") against a UNION one
+    // of whose SELECTs groups its rows: it looks for the grouped columns and fails. Ordering the
+    // union's result from outside means the same and reads.
+    if (parts.Cores.size() > 1 && parts.OrderBy.find(" COLLATE ") != std::string::npos)
+        sql = "SELECT * FROM (" + sql + ")";
     sql += parts.OrderBy;
     if (parts.Limit) sql += " LIMIT " + std::to_string(*parts.Limit);
     return sql;

@@ -438,6 +438,16 @@ TEST_F(SqlTranslation, UnionBringsPlainNumbersToTheMoneyOfTheOtherBranchAndOrder
     EXPECT_EQ(r.Rows[2][7], Value(Units(34567)));
     EXPECT_EQ(r.Rows[2][3], Value("77"));
 
+    // A grouped SELECT in the union with a column ordered without regard to case.
+    Result grouped =
+        Run("SELECT CAST(0 AS Int) PaymentID, 'I' RecordType, I.InvoiceNo ChequeNo FROM ARInv I "
+            "UNION SELECT P.PaymentID, 'P' RecordType, P.ChequeNo FROM ARPmt P "
+            "LEFT OUTER JOIN ARInvPmt IP ON IP.PaymentID = P.PaymentID GROUP BY P.PaymentID, "
+            "P.ChequeNo ORDER BY RecordType, ChequeNo NOCASE");
+    ASSERT_FALSE(grouped.Rows.empty());
+    EXPECT_EQ(grouped.Texts(1).front(), "I");
+    EXPECT_EQ(grouped.Texts(1).back(), "P");
+
     EngineError e = TranslateError(
         "SELECT VendorNo FROM Vendor UNION SELECT InvoiceNo FROM APInv ORDER BY X.Foo");
     EXPECT_EQ(e.ErrorCode(), errFieldNotFound);

@@ -1,0 +1,158 @@
+#include "receivables/reports/ARReports.h"
+
+#include "core/Exception.h"
+#include "receivables/reports/TrptARHistory.h"
+#include "receivables/reports/TrptARStatements.h"
+#include "receivables/reports/TrptARStatementsInv.h"
+#include "receivables/reports/TrptAgedTrialBalance.h"
+#include "reports/run/ReportRegistry.h"
+#include "store/Query.h"
+
+#include <charconv>
+
+namespace corvane::receivables {
+
+using reports::ReportRequest;
+
+namespace {
+
+std::optional<std::int64_t> WholeOption(const ReportRequest& request, std::string_view name) {
+    const std::string text = request.Option(name);
+    if (text.empty()) return std::nullopt;
+    std::int64_t value = 0;
+    auto [end, error] = std::from_chars(text.data(), text.data() + text.size(), value);
+    if (error != std::errc() || end != text.data() + text.size())
+        throw Exception("--" + std::string(name) + " takes a whole number, not '" + text + "'.");
+    return value;
+}
+
+std::optional<Date> DateOption(const ReportRequest& request, std::string_view name) {
+    const std::string text = request.Option(name);
+    if (text.empty()) return std::nullopt;
+    auto date = Date::FromIso(text);
+    if (!date)
+        throw Exception("--" + std::string(name) + " takes a date as yyyy-mm-dd, not '" + text +
+                        "'.");
+    return date;
+}
+
+// A master named by the number a person knows it by, to its key.
+std::optional<std::int64_t> KeyOf(store::Database& db, const ReportRequest& request,
+                                  std::string_view option, const char* sql, const char* what) {
+    const std::string text = request.Option(option);
+    if (text.empty()) return std::nullopt;
+    store::Query q(db, sql);
+    q.ParamByName("No").SetAsString(text);
+    q.Open();
+    if (q.IsEmpty()) throw Exception("There is no " + std::string(what) + " '" + text + "'.");
+    return q.Fields()[0]->AsInteger();
+}
+
+void Refuse(const std::optional<std::string>& refusal) {
+    if (refusal) throw Exception(*refusal);
+}
+
+ARReportOptions OptionsOf(store::Database& db, const ReportRequest& request) {
+    ARReportOptions o;
+    if (auto asOf = DateOption(request, "asof")) o.AsOf = *asOf;
+    o.DateFrom = DateOption(request, "from");
+    o.DateTo = DateOption(request, "to");
+    if (auto year = WholeOption(request, "year")) o.Year = static_cast<int>(*year);
+    if (auto period = WholeOption(request, "period")) {
+        Refuse(CheckPeriod(static_cast<int>(*period)));
+        if (!o.Year) throw Exception("--period needs --year.");
+        o.Period = static_cast<int>(*period);
+    }
+    o.CurrencyID = KeyOf(db, request, "currency",
+                         "SELECT CurrencyID FROM Currency WHERE CurrencyName = :No", "currency");
+    o.SalesmanID = WholeOption(request, "salesman");
+    o.CustomerID = KeyOf(db, request, "customer",
+                         "SELECT CustomerID FROM Customer WHERE CustomerNo = :No", "customer");
+    if (std::string text = request.Option("min-owing"); !text.empty()) {
+        auto amount = Money::Parse(text);
+        if (!amount) throw Exception("--min-owing takes an amount, not '" + text + "'.");
+        Refuse(CheckMinOwing(*amount));
+        o.Thresholds.MinOwing = *amount;
+    }
+    if (auto days = WholeOption(request, "min-days")) {
+        Refuse(CheckMinDaysOld(static_cast<int>(*days)));
+        o.Thresholds.MinDaysOld = static_cast<int>(*days);
+    }
+    return o;
+}
+
+reports::ReportFactory Factory(ARReportKind kind) {
+    return [kind](store::Database& db, const ReportRequest& request) {
+        return MakeARReport(kind, db, OptionsOf(db, request));
+    };
+}
+
+} // namespace
+
+ARReportChoices ChoicesOf(ARReportKind kind) {
+    switch (kind) {
+    case ARReportKind::Aged:
+    case ARReportKind::AgedSummary:
+        return {true, false, false, true, true};
+    case ARReportKind::History:
+        return {false, true, true, false, false};
+    case ARReportKind::StatementsHistory:
+        return {true, true, false, false, true};
+    case ARReportKind::StatementsUnpaid:
+        return {true, false, false, false, true};
+    }
+    return {};
+}
+
+std::unique_ptr<reports::TrptBase> MakeARReport(ARReportKind kind, store::Database& db,
+                                                ARReportOptions options) {
+    // What the report does not offer stays out of it, whatever was typed before a change of
+    // report.
+    const ARReportChoices choices = ChoicesOf(kind);
+    if (!choices.AsOf) options.AsOf = Date::Today();
+    if (!choices.DateFrom) options.DateFrom.reset();
+    if (!choices.PeriodYearDateTo) {
+        options.DateTo.reset();
+        options.Year.reset();
+        options.Period.reset();
+    }
+    if (!choices.Salesman) options.SalesmanID.reset();
+    if (!choices.Thresholds) options.Thresholds = {};
+    switch (kind) {
+    case ARReportKind::Aged:
+        return std::make_unique<TrptAgedTrialBalance>(db, std::move(options));
+    case ARReportKind::AgedSummary:
+        return std::make_unique<TrptAgedReceivablesSummary>(db, std::move(options));
+    case ARReportKind::History:
+        return std::make_unique<TrptARHistory>(db, std::move(options));
+    case ARReportKind::StatementsHistory:
+        return std::make_unique<TrptARStatements>(db, std::move(options));
+    case ARReportKind::StatementsUnpaid:
+        return std::make_unique<TrptARStatementsInv>(db, std::move(options));
+    }
+    return nullptr;
+}
+
+void RegisterARReports(reports::ReportRegistry& registry) {
+    registry.Register("AgedReceivables",
+                      "Open invoices by age as of a date (--asof, --currency, --salesman, "
+                      "--customer, --min-owing, --min-days)",
+                      Factory(ARReportKind::Aged));
+    registry.Register("AgedReceivablesSummary",
+                      "Customers' open sums by age as of a date (options as AgedReceivables)",
+                      Factory(ARReportKind::AgedSummary));
+    registry.Register("ARHistory",
+                      "Posted invoices and payments by customer (--year, --period, --from, --to, "
+                      "--currency, --customer)",
+                      Factory(ARReportKind::History));
+    registry.Register("ARStatements",
+                      "Statements of account history (--asof, --from, --currency, --customer, "
+                      "--min-owing, --min-days)",
+                      Factory(ARReportKind::StatementsHistory));
+    registry.Register("ARStatementsInv",
+                      "Statements of unpaid invoices (--asof, --currency, --customer, "
+                      "--min-owing, --min-days)",
+                      Factory(ARReportKind::StatementsUnpaid));
+}
+
+} // namespace corvane::receivables

@@ -1,0 +1,164 @@
+#include "receivables/reports/TrptAgedTrialBalance.h"
+
+#include "receivables/domain/Aging.h"
+#include "receivables/reports/AgingQuery.h"
+#include "reports/engine/TQRDBText.h"
+#include "reports/engine/TQRExpr.h"
+#include "reports/engine/TQRLabel.h"
+#include "reports/engine/TQRShape.h"
+#include "reports/system/StandardBands.h"
+
+namespace corvane::receivables {
+
+using namespace reports;
+
+namespace {
+
+constexpr double NumberLeft = 0, NumberWidth = 62;
+constexpr double DateLeft = 64, DateWidth = 60;
+constexpr double AgeLeft = 126, AgeWidth = 34;
+constexpr double AmountWidth = 72;
+// Owing, then the four age columns.
+constexpr double AmountLeft[5] = {170, 244, 318, 392, 466};
+constexpr const char* kAmountFields[5] = {"Owing", "AgePeriod1", "AgePeriod2", "AgePeriod3",
+                                          "AgePeriod4"};
+
+std::string AmountField(int column, bool domestic) {
+    if (column == 0) return domestic ? "OwingDomestic" : "Owing";
+    return std::string(kAmountFields[column]) + (domestic ? "Dom" : "Amt");
+}
+
+// The five sums of a footer line; totals reset after a customer's footer, not after the report's.
+std::vector<TQRExpr*> AddSums(TQRBand& band, double top, bool domestic, bool reset, bool bold) {
+    std::vector<TQRExpr*> sums;
+    for (int column = 0; column < 5; ++column) {
+        auto& sum = band.Add<TQRExpr>("SUM(" + AmountField(column, domestic) + ")");
+        sum.SetBounds(AmountLeft[column], top, AmountWidth, 12);
+        sum.Alignment = Align::Right;
+        sum.Mask = kARAmountMask;
+        sum.ResetAfterPrint = reset;
+        sum.Font.bold = bold;
+        sums.push_back(&sum);
+    }
+    return sums;
+}
+
+} // namespace
+
+TrptAgedTrialBalance::TrptAgedTrialBalance(store::Database& db, ARReportOptions options)
+    : TrptAgedTrialBalance(db, std::move(options), false) {}
+
+TrptAgedReceivablesSummary::TrptAgedReceivablesSummary(store::Database& db, ARReportOptions options)
+    : TrptAgedTrialBalance(db, std::move(options), true) {}
+
+TrptAgedTrialBalance::TrptAgedTrialBalance(store::Database& db, ARReportOptions options,
+                                           bool summary)
+    : qryAging(db, AgingStatement(summary ? AgingShape::Customers : AgingShape::Invoices, options)),
+      db_(db), options_(std::move(options)) {
+    Build(db, summary);
+}
+
+void TrptAgedTrialBalance::Build(store::Database& db, bool summary) {
+    qryAging.Name = "qryAging";
+    AddAgingFields(qryAging, options_.AsOf);
+    QuickReport.ReportTitle = summary ? "Aged Receivables Summary" : "Aged Receivables";
+    QuickReport.DataSet = &qryAging;
+    // An aging with nothing open still says so, with its totals of 0.
+    QuickReport.PrintIfEmpty = true;
+
+    std::vector<std::string> heading{"As of " + HeadingDate(options_.AsOf)};
+    for (std::string& line : OptionLines(db, options_, true, true))
+        heading.push_back(std::move(line));
+    AddARTitle(QuickReport, CompanyNameOf(db), heading);
+
+    TQRBand& columns = QuickReport.Band(BandKind::ColumnHeader, 24);
+    if (summary) {
+        ARHeading(columns, "Customer", NumberLeft, AmountLeft[0] - 4);
+    } else {
+        ARHeading(columns, "Invoice no.", NumberLeft, NumberWidth);
+        ARHeading(columns, "Date", DateLeft, DateWidth);
+        ARHeading(columns, "Age", AgeLeft, AgeWidth, true);
+    }
+    const char* titles[5] = {"Owing", "0 - 30", "31 - 60", "61 - 90", "Over 90"};
+    for (int column = 0; column < 5; ++column)
+        ARHeading(columns, titles[column], AmountLeft[column], AmountWidth, true);
+    columns.Add<TQRShape>(ShapeKind::HorLine).SetBounds(0, 12, kPortraitWidth, 12);
+
+    TQRGroup& customer = QuickReport.AddGroup("CustomerID", summary ? 0 : 16);
+    TQRBand& detail = QuickReport.Band(BandKind::Detail, summary ? 0 : 12);
+    TQRBand& footer = customer.FooterBand(summary ? 12 : 24);
+    if (summary) {
+        // A customer is one line: its invoices are summed but never shown.
+        auto& name = footer.Add<TQRDBText>(nullptr, "CustomerNamePhone");
+        name.SetBounds(NumberLeft, 0, AmountLeft[0] - 4, 12);
+        AddSums(footer, 0, false, true, false);
+    } else {
+        auto& number = customer.Add<TQRDBText>(nullptr, "CustomerNo");
+        number.SetBounds(NumberLeft, 4, NumberWidth, 12);
+        number.Font.bold = true;
+        auto& name = customer.Add<TQRDBText>(nullptr, "CustomerNamePhone");
+        name.SetBounds(DateLeft, 4, kPortraitWidth - DateLeft, 12);
+        name.Font.bold = true;
+
+        detail.Add<TQRDBText>(nullptr, "InvoiceNo").SetBounds(NumberLeft, 0, NumberWidth, 12);
+        auto& date = detail.Add<TQRDBText>(nullptr, "InvoiceDate");
+        date.SetBounds(DateLeft, 0, DateWidth, 12);
+        date.Mask = "dd mmm yy";
+        auto& age = detail.Add<TQRDBText>(nullptr, "Age");
+        age.SetBounds(AgeLeft, 0, AgeWidth, 12);
+        age.Alignment = Align::Right;
+        for (int column = 0; column < 5; ++column) {
+            auto& amount = detail.Add<TQRDBText>(nullptr, AmountField(column, false));
+            amount.SetBounds(AmountLeft[column], 0, AmountWidth, 12);
+            amount.Alignment = Align::Right;
+            amount.Mask = kARAmountMask;
+        }
+
+        // The rule has a line of its own, above the sums.
+        footer.Add<TQRShape>(ShapeKind::HorLine)
+            .SetBounds(AmountLeft[0], 0, kPortraitWidth - AmountLeft[0], 10);
+        auto& label = footer.Add<TQRLabel>("Total");
+        label.SetBounds(DateLeft, 12, 100, 12);
+        label.Font.bold = true;
+        AddSums(footer, 12, false, true, true);
+    }
+
+    // The same sums at the present rate, for every customer whose currency has one.
+    TQRBand& domestic = footer.ChildBand(12);
+    auto& domesticLabel = domestic.Add<TQRLabel>("Total (domestic)");
+    domesticLabel.SetBounds(summary ? NumberLeft + 12 : DateLeft, 0, 100, 12);
+    std::vector<TQRExpr*> domesticSums = AddSums(domestic, 0, true, true, !summary);
+    domestic.BeforePrint = [this](TQRBand&, bool& print) {
+        print = qryAging.FieldByName("ExchangeRate").AsFloat() > 0;
+        if (print) anyDomestic_ = true;
+    };
+    // A customer without the line still starts the next one's sums from 0.
+    domestic.AfterPrint = [domesticSums](TQRBand&, bool printed) {
+        if (!printed)
+            for (TQRExpr* sum : domesticSums)
+                sum->Reset();
+    };
+
+    TQRBand& totals = QuickReport.Band(BandKind::Summary, 24);
+    totals.Add<TQRShape>(ShapeKind::HorLine).SetBounds(0, 0, kPortraitWidth, 10);
+    auto& totalsLabel = totals.Add<TQRLabel>("Report Totals:");
+    totalsLabel.SetBounds(NumberLeft, 12, 160, 12);
+    totalsLabel.Font.bold = true;
+    AddSums(totals, 12, true, false, true);
+    totals.BeforePrint = [this, &totalsLabel](TQRBand&, bool&) {
+        totalsLabel.Caption = anyDomestic_ ? "Report Totals (Domestic):" : "Report Totals:";
+    };
+
+    AddStandardPageFooter(QuickReport);
+}
+
+void TrptAgedTrialBalance::Open() {
+    anyDomestic_ = false;
+    qryAging.Close();
+    BindOptions(qryAging, options_);
+    ApplyThresholds(qryAging, db_, options_);
+    qryAging.Open();
+    qryAging.First();
+}
+
+} // namespace corvane::receivables
