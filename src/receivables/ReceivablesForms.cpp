@@ -12,6 +12,7 @@
 #include "receivables/masters/TfrmSalesmen.h"
 #include "receivables/masters/TfrmTax.h"
 #include "receivables/masters/TfrmTaxes.h"
+#include "receivables/payments/forms/PaymentForms.h"
 #include "receivables/reports/ARReports.h"
 #include "receivables/reports/TfrmARReports.h"
 #include "receivables/reports/TrptCustomers.h"
@@ -56,6 +57,7 @@ void RegisterReceivablesForms(shell::FormRegistry& registry) {
     registry.Register("frmARReports", [](shell::FormContext& ctx) -> ui::Form& {
         return ctx.App.SingleForm<TfrmARReports>(ctx.Db);
     });
+    RegisterPaymentForms(registry);
     RegisterListReport<TrptTaxes>(registry, "frmTaxes");
     RegisterListReport<TrptCustomers>(registry, "frmCustomers");
     RegisterListReport<TrptCusTypes>(registry, "frmCusTypes");

@@ -2,6 +2,7 @@
 
 #include "company/sample/SampleInvoices.h"
 #include "company/sample/SampleMasters.h"
+#include "company/sample/SamplePayments.h"
 #include "company/sample/SampleTimeBilling.h"
 #include "company/sample/SampleVouchers.h"
 #include "company/wizard/StarterCompany.h"
@@ -150,6 +151,7 @@ SampleSummary GenerateSampleCompany(store::Database& db, const SampleShape& shap
     vouchers.WritePeriods(SampleVoucherWriter::Phase::LeftUnposted);
     WriteSampleInvoices(db, shape.FiscalYear);
     WriteSampleTimeBilling(db, shape.FiscalYear);
+    WriteSamplePayments(db, shape.FiscalYear);
 
     SampleSummary summary;
     summary.Vouchers = static_cast<int>(CountRows(db, "SELECT COUNT(*) FROM JV"));

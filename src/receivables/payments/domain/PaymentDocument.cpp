@@ -1,6 +1,7 @@
 #include "receivables/payments/domain/PaymentDocument.h"
 
 #include "core/DisplayFormat.h"
+#include "core/Exception.h"
 #include "ledger/domain/PeriodRules.h"
 #include "receivables/payments/domain/PaymentTexts.h"
 #include "store/BulkWriter.h"
@@ -144,8 +145,10 @@ void WriteHeader(store::Table& t, const PaymentHeader& p) {
 
 } // namespace
 
-void SavePayment(store::Database& db, const PaymentHeader& p) {
-    store::Transaction save(db, {"ARPmt"});
+namespace {
+
+// The header's row, new or changed, inside the caller's transaction.
+void WritePaymentRow(store::Database& db, const PaymentHeader& p) {
     store::Table t(db, "ARPmt");
     t.Open();
     if (t.Locate("PaymentID", {Value(p.PaymentID)}))
@@ -154,6 +157,13 @@ void SavePayment(store::Database& db, const PaymentHeader& p) {
         t.Append();
     WriteHeader(t, p);
     t.Post();
+}
+
+} // namespace
+
+void SavePayment(store::Database& db, const PaymentHeader& p) {
+    store::Transaction save(db, {"ARPmt"});
+    WritePaymentRow(db, p);
     save.Commit();
 }
 
@@ -306,6 +316,48 @@ AutoCreateResult AutoCreateLines(store::Database& db, std::int64_t paymentId,
     });
     write.Commit();
     return result;
+}
+
+std::int64_t CreatePayment(store::Database& db, PaymentHeader header,
+                           std::vector<AllocationLine> lines,
+                           const std::function<bool(const std::string&)>& askRetry) {
+    const std::optional<std::int64_t> id = DrawPaymentID(db, askRetry);
+    if (!id) throw Exception(text::ControlBusy);
+    header.PaymentID = *id;
+    const AccountExists exists = AccountsIn(db);
+    PaymentLinesTotal total;
+    std::vector<std::int64_t> seen;
+    for (AllocationLine& line : lines) {
+        line.Seq = ++total.Count;
+        const std::optional<InvoiceDue> due =
+            line.ARInvoiceID ? ReadInvoiceDue(db, *line.ARInvoiceID) : std::nullopt;
+        const LineVerdict v = ValidateLine(line, due, exists, {true, true});
+        if (v.Verdict == LineVerdict::Kind::Refused) throw Exception(v.Message);
+        for (std::int64_t other : seen)
+            if (other == *line.ARInvoiceID)
+                throw Exception(InvoiceAlreadyOnMessage(db, *line.ARInvoiceID));
+        seen.push_back(*line.ARInvoiceID);
+        total.Total += line.Paid();
+    }
+    if (!header.ChequeAmount) header.ChequeAmount = total.Total;
+    const PaymentVerdict v = ValidatePayment(db, header, total, false, {true});
+    if (!v.Accepted()) throw Exception(v.Message);
+
+    store::Transaction save(db, {"ARPmt", "ARInvPmt"});
+    store::BulkInsert insert(db, "ARInvPmt",
+                             {"ARInvoiceID", "PaymentID", "Seq", "PaymentAmount", "DiscTakenAmount",
+                              "WriteOffAmount", "WriteOffGLAccountID", "WriteOffSubAccount1ID",
+                              "WriteOffSubAccount2ID", "WriteOffSubAccount3ID"});
+    auto money = [](const std::optional<Money>& m) { return m ? Value(*m) : Value(); };
+    for (const AllocationLine& line : lines)
+        insert.Add({Opt(line.ARInvoiceID), Value(header.PaymentID), Opt(line.Seq),
+                    money(line.PaymentAmount), money(line.DiscTakenAmount),
+                    money(line.WriteOffAmount), Opt(line.WriteOffGLAccountID),
+                    Opt(line.WriteOffSubAccountIDs[0]), Opt(line.WriteOffSubAccountIDs[1]),
+                    Opt(line.WriteOffSubAccountIDs[2])});
+    WritePaymentRow(db, header);
+    save.Commit();
+    return header.PaymentID;
 }
 
 std::string InvoiceAlreadyOnMessage(store::Database& db, std::int64_t arInvoiceId) {

@@ -110,6 +110,15 @@ bool HasOutstandingInvoices(store::Database& db, std::int64_t customerId);
 AutoCreateResult AutoCreateLines(store::Database& db, std::int64_t paymentId,
                                  std::int64_t customerId, Date paymentDate);
 
+// A whole payment at once, for the programs that make payments without a form (the sample
+// company, imports): draws its id, numbers the lines from 1, checks each line and then the
+// payment as the form's saves do (the write-off question answered No, warnings passed, an empty
+// amount filled with the lines' total), and writes header and lines in one transaction. Raises
+// the first refusal's message with nothing written (the id stays spent); returns the id.
+std::int64_t CreatePayment(store::Database& db, PaymentHeader header,
+                           std::vector<AllocationLine> lines,
+                           const std::function<bool(const std::string&)>& askRetry);
+
 // "Invoice '<no>' is already on this payment", or without the number when it cannot be found.
 std::string InvoiceAlreadyOnMessage(store::Database& db, std::int64_t arInvoiceId);
 

@@ -1,0 +1,135 @@
+#include "receivables/payments/forms/TfrmARPayments.h"
+
+#include "core/Exception.h"
+#include "receivables/payments/domain/PaymentDocument.h"
+#include "receivables/payments/forms/TfrmARPayment.h"
+#include "receivables/posting/InvoicePosting.h"
+#include "ui/Application.h"
+#include "ui/DesktopServices.h"
+
+namespace corvane::receivables {
+
+TfrmARPayments::TfrmARPayments(ui::Application& app, store::Database& db,
+                               const shell::FormRegistry* registry, shell::TfrmCorvane* main)
+    : ListForm(app, "frmARPayments", "AR Payments", db, "ARPmt", "tblARPmt", "PaymentID"),
+      mnuSortDate(AddSortEntry("mnuSortDate", "&Date", "PaymentDate", "PaymentDateChequeNoDESC")),
+      mnuSortReference(AddSortEntry("mnuSortReference", "&Reference", "ChequeNo", "ChequeNo")),
+      registry_(registry), main_(main), tblCustomer(db, "Customer"), tblBank(db, "Bank") {
+    tblCustomer.Open();
+    tblBank.Open();
+    AddListFields();
+    grdList.AddColumn("PaymentDate", "Date", 90);
+    grdList.AddColumn("ChequeNo", "Reference", 80);
+    grdList.AddColumn("CustomerNo", "Customer no.", 100);
+    grdList.AddColumn("CustomerName", "Name", 180);
+    grdList.AddColumn("BankName", "Bank", 140);
+    grdList.AddColumn("PaidByText", "Paid by", 90);
+    grdList.AddColumn("ChequeAmount", "Amount", 90);
+    grdList.AddColumn("Posted", "Posted", 50);
+    grdList.AddColumn("Reconciled", "Reconciled", 70);
+    mnuOutstanding.Visible = true;
+    mnuPost.Visible = registry_ && registry_->Find("frmARPaymentsPost");
+    mnuDelete.OnClick = popDelete.OnClick = tbnDelete.OnClick = [this] { DeletePayment(); };
+    // With no payment to edit, Edit starts a new one.
+    mnuEdit.OnClick = popEdit.OnClick = tbnEdit.OnClick = [this] {
+        if (tblARPmt.IsEmpty())
+            NewRecord();
+        else
+            EditRecord();
+    };
+    mnuPost.OnClick = [this] { PostPayments(); };
+    mnuOutstanding.OnClick = [this] { ToggleOutstanding(); };
+    OnShow = [this] { Caption = CaptionNow(); };
+    mnuSortDate.Click();
+}
+
+void TfrmARPayments::AddListFields() {
+    tblARPmt.Close();
+    tblARPmt.AddLookupField("CustomerNo", store::FieldType::String, 10, "CustomerID", tblCustomer,
+                            "CustomerID", "CustomerNo");
+    tblARPmt.AddLookupField("CustomerName", store::FieldType::String, 40, "CustomerID", tblCustomer,
+                            "CustomerID", "CustomerName");
+    tblARPmt.AddLookupField("BankName", store::FieldType::String, 40, "BankID", tblBank, "BankID",
+                            "BankName");
+    tblARPmt.AddCalculatedField("PaidByText", store::FieldType::String, 20);
+    const bool checkWording = App().Desktop().CountryName() == "United States";
+    tblARPmt.OnCalcFields = [checkWording](store::DataSet& ds) {
+        const store::Field& paidBy = ds.FieldByName("PaidBy");
+        ds.FieldByName("PaidByText")
+            .SetAsString(PaidByText(paidBy.IsNull()
+                                        ? std::nullopt
+                                        : std::optional<int>(static_cast<int>(paidBy.AsInteger())),
+                                    checkWording));
+    };
+    tblARPmt.Open();
+    tblARPmt.FieldByName("PaymentDate").DisplayFormat = "dd mmm yy";
+    tblARPmt.FieldByName("ChequeAmount").DisplayFormat = "#,###,##0.00#;(#,###,##0.00#)";
+}
+
+std::string TfrmARPayments::CaptionNow() const {
+    const bool outstanding = mnuOutstanding.Checked();
+    const bool filtered = mnuFilter.Checked();
+    if (outstanding && filtered) return "AR Payments (Outstanding, Filtered)";
+    if (outstanding) return "AR Payments (Outstanding)";
+    if (filtered) return "AR Payments (Filtered)";
+    return "AR Payments";
+}
+
+void TfrmARPayments::ToggleOutstanding() {
+    if (mnuOutstanding.Checked()) {
+        mnuOutstanding.SetChecked(false);
+        tblARPmt.SetFiltered(false);
+        tblARPmt.SetFilter("");
+    } else {
+        ShowOutstanding("Reconciled <> true");
+    }
+    ShowList();
+    Caption = CaptionNow();
+}
+
+TfrmARPayment& TfrmARPayments::PaymentForm() {
+    // Through the program's registration, which gives the payment its choosers.
+    auto* registered = dynamic_cast<TfrmARPayment*>(MakeRegistered("frmARPayment"));
+    TfrmARPayment& form = registered ? *registered : App().SingleForm<TfrmARPayment>(Db());
+    form.AfterSave = [this](shell::EntryForm& saved) {
+        store::Value id = saved.EntryTable.FieldByName("PaymentID").AsValue();
+        RefreshList();
+        tblARPmt.Locate("PaymentID", {id});
+    };
+    return form;
+}
+
+shell::EntryForm& TfrmARPayments::Entry() {
+    return PaymentForm();
+}
+
+ui::Form* TfrmARPayments::MakeRegistered(std::string_view name) {
+    if (!registry_ || name.empty()) return nullptr;
+    const shell::FormFactory* factory = registry_->Find(name);
+    if (!factory) return nullptr;
+    shell::FormContext context{App(), Db(), main_};
+    return &(*factory)(context);
+}
+
+void TfrmARPayments::DeletePayment() {
+    if (tblARPmt.IsEmpty()) return;
+    const std::int64_t id = tblARPmt.FieldByName("PaymentID").AsInteger();
+    if (App().MessageDlg(DeleteQuestion(Db(), id), ui::MsgType::Confirmation,
+                         {ui::mbYes, ui::mbNo}) != ui::mbYes)
+        return;
+    const PaymentVerdict verdict = receivables::DeletePayment(Db(), id);
+    if (!verdict.Accepted()) throw Exception(verdict.Message);
+    RefreshList();
+}
+
+void TfrmARPayments::PostPayments() {
+    ui::Form* post = MakeRegistered("frmARPaymentsPost");
+    if (!post) return;
+    const ui::ModalResult result = post->ShowModal();
+    RefreshList();
+    // The vouchers the run wrote go to the ledger at once, if the user agrees there.
+    if (result == ui::mrOK)
+        if (ui::Form* vouchers = MakeRegistered("frmJVsPost")) vouchers->ShowModal();
+}
+
+} // namespace corvane::receivables

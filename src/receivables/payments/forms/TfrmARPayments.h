@@ -1,0 +1,47 @@
+#pragma once
+
+#include "shell/main/FormRegistry.h"
+#include "shell/patterns/ListForm.h"
+#include "ui/MenuItem.h"
+#include "ui/ToolBar.h"
+
+#include <string>
+
+namespace corvane::receivables {
+
+class TfrmARPayment;
+
+// Every customer payment, newest first: date, reference, customer, bank, amount and state. Post
+// applies the unposted ones to their invoices and offers the vouchers' posting at once.
+class TfrmARPayments : public shell::ListForm {
+public:
+    TfrmARPayments(ui::Application& app, store::Database& db,
+                   const shell::FormRegistry* registry = nullptr,
+                   shell::TfrmCorvane* main = nullptr);
+
+    store::Table& tblARPmt = MainTable;
+    ui::MenuItem& mnuSortDate;
+    ui::MenuItem& mnuSortReference;
+    ui::MenuItem mnuPost{mnuRecords, "mnuPost", "&Post..."};
+    ui::ToolButton tbnPost{tlbList, "tbnPost", mnuPost};
+
+    void DeletePayment();
+    void PostPayments();
+    void ToggleOutstanding();
+    // "AR Payments" with what narrows the list: "(Outstanding)", "(Filtered)", or both.
+    std::string CaptionNow() const;
+
+protected:
+    shell::EntryForm& Entry() override;
+
+private:
+    TfrmARPayment& PaymentForm();
+    ui::Form* MakeRegistered(std::string_view name);
+    void AddListFields();
+
+    const shell::FormRegistry* registry_;
+    shell::TfrmCorvane* main_;
+    store::Table tblCustomer, tblBank;
+};
+
+} // namespace corvane::receivables
