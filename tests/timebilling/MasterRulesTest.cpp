@@ -17,6 +17,7 @@ protected:
     std::string CheckType(const std::string& name, std::optional<int> account,
                           const std::string& codes) {
         store::Table t(db_, "TaskType");
+        t.SetDrawnKey("TaskTypeID");
         t.Open();
         t.Append();
         if (!name.empty()) t.FieldByName("TypeName").SetAsString(name);
@@ -65,6 +66,7 @@ TEST_F(MasterRulesTest, TaskTypeInUseByATaskCannotGo) {
 
 TEST_F(MasterRulesTest, EmployeeNeedsANameAndTakesTheNextId) {
     store::Table t(db_, "Employee");
+    t.SetDrawnKey("EmployeeID");
     t.Open();
     t.Append();
     t.FieldByName("EmployeeName").SetAsString("  ");
@@ -73,5 +75,6 @@ TEST_F(MasterRulesTest, EmployeeNeedsANameAndTakesTheNextId) {
     EXPECT_EQ(v.Field, "EmployeeName");
     t.FieldByName("EmployeeName").SetAsString("Cy Dunn");
     EXPECT_TRUE(CheckEmployee(db_, t).Accepted());
+    t.Post();
     EXPECT_EQ(t.FieldByName("EmployeeID").AsInteger(), 3);
 }

@@ -13,8 +13,8 @@ namespace corvane::timebilling {
 namespace text = time_text;
 using store::Value;
 
-void StartNewJob(store::Database& db, store::DataSet& job, Date today) {
-    job.FieldByName("JobID").SetAsInteger(DrawJobId(db));
+void StartNewJob(store::Database& db, store::DataSet& job, Date today, const DrawRetry& askRetry) {
+    job.FieldByName("JobID").SetAsInteger(DrawJobId(db, askRetry));
     job.FieldByName("RequestedOn").SetAsDate(today);
     job.FieldByName("Priority").SetAsInteger(10);
     job.FieldByName("Authorized").SetAsBoolean(true);
@@ -57,9 +57,9 @@ Verdict CheckCustomerChoice(store::Database& db, store::DataSet& job, const Valu
 }
 
 void StartNewTask(store::Database& db, store::DataSet& task, std::int64_t jobId,
-                  std::int64_t lineNo) {
+                  std::int64_t lineNo, const DrawRetry& askRetry) {
     task.FieldByName("JobID").SetAsInteger(jobId);
-    task.FieldByName("TaskID").SetAsInteger(DrawTaskId(db));
+    task.FieldByName("TaskID").SetAsInteger(DrawTaskId(db, askRetry));
     task.FieldByName("LineNo").SetAsInteger(lineNo);
     task.FieldByName("Completed").SetAsBoolean(false);
 }

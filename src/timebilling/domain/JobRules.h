@@ -2,6 +2,7 @@
 
 #include "core/Date.h"
 #include "store/Value.h"
+#include "timebilling/domain/NumberDraws.h"
 #include "timebilling/domain/Verdict.h"
 
 #include <cstdint>
@@ -19,7 +20,8 @@ namespace corvane::timebilling {
 // are typed, each with its place on the job in LineNo.
 
 // A new job: its number from JobCtl, asked for today, priority 10, authorized, not completed.
-void StartNewJob(store::Database& db, store::DataSet& job, Date today);
+void StartNewJob(store::Database& db, store::DataSet& job, Date today,
+                 const DrawRetry& askRetry = {});
 
 // Customer, name, then the due-date sort helper, then the customer's existence; in that order.
 Verdict CheckJob(store::Database& db, store::DataSet& job);
@@ -34,7 +36,7 @@ Verdict CheckCustomerChoice(store::Database& db, store::DataSet& job,
 
 // A new task line of job: its number from JobCtl, the next place on the job, not done.
 void StartNewTask(store::Database& db, store::DataSet& task, std::int64_t jobId,
-                  std::int64_t lineNo);
+                  std::int64_t lineNo, const DrawRetry& askRetry = {});
 // The place after the last task of the job, or 1.
 std::int64_t NextLineNo(store::Database& db, std::int64_t jobId);
 

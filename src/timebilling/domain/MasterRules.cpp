@@ -12,20 +12,9 @@ namespace corvane::timebilling {
 
 namespace text = time_text;
 
-namespace {
-
-void FillNewKey(store::Database& db, store::DataSet& record, const char* table, const char* key) {
-    store::Field& id = record.FieldByName(key);
-    if (record.State() == store::DataSetState::Insert && id.IsNull())
-        id.SetAsInteger(NextKey(db, table, key));
-}
-
-} // namespace
-
-Verdict CheckEmployee(store::Database& db, store::DataSet& employee) {
+Verdict CheckEmployee(store::Database&, store::DataSet& employee) {
     if (Blank(employee.FieldByName("EmployeeName")))
         return Verdict::Refuse(text::MustHaveValue("Employee Name"), "EmployeeName");
-    FillNewKey(db, employee, "Employee", "EmployeeID");
     return Verdict::Accept();
 }
 
@@ -52,7 +41,6 @@ Verdict CheckTaskType(store::Database& db, store::DataSet& taskType) {
     for (std::size_t i = 0; i < codes.size(); ++i)
         if (codes.find(codes[i], i + 1) != std::string::npos)
             return Verdict::Refuse(text::TaxCodeTwice(codes[i]), "TaxCodes");
-    FillNewKey(db, taskType, "TaskType", "TaskTypeID");
     return Verdict::Accept();
 }
 

@@ -13,7 +13,8 @@ class DataSet;
 namespace corvane::timebilling {
 
 // The rules of the two small masters, employees and task types. Each check is given the record
-// about to be saved and, when it is new, fills its key.
+// about to be saved. A new row's key is the highest + 1, drawn by the store as the row is saved
+// (the table names its key with SetDrawnKey).
 
 Verdict CheckEmployee(store::Database& db, store::DataSet& employee);
 

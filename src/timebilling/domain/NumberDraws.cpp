@@ -1,6 +1,8 @@
 #include "timebilling/domain/NumberDraws.h"
 
-#include "store/Query.h"
+#include "core/Exception.h"
+#include "store/BulkWriter.h"
+#include "store/NumberDraw.h"
 #include "store/Table.h"
 
 #include <string>
@@ -9,38 +11,25 @@ namespace corvane::timebilling {
 
 namespace {
 
-// One counter of the one row of JobCtl: a counter never set, or 0, starts at 1.
-std::int64_t Draw(store::Database& db, const char* counter) {
-    store::Table ctl(db, "JobCtl");
-    ctl.SetExclusive(true);
-    ctl.Open();
-    if (ctl.IsEmpty())
-        ctl.Append();
-    else
-        ctl.Edit();
-    store::Field& next = ctl.FieldByName(counter);
-    std::int64_t value = next.IsNull() || next.AsInteger() < 1 ? 1 : next.AsInteger();
-    next.SetAsInteger(value + 1);
-    ctl.Post();
-    ctl.Close();
+std::int64_t Draw(store::Database& db, const char* counter, const DrawRetry& askRetry) {
+    std::int64_t value = 0;
+    const DrawRetry giveUp = [](const std::string&) { return false; };
+    const bool drawn = store::DrawFromControl(
+        db, "JobCtl", store::ControlRetry{"Job"},
+        [&](store::ControlRow& row) { value = row.Take(counter, store::StartWhenZero(1)); },
+        askRetry ? askRetry : giveUp);
+    if (!drawn) Abort();
     return value;
-}
-
-// A control row never filled carries on after the highest invoice id.
-std::int64_t NextInvoiceIdAfterExisting(store::Database& db) {
-    store::Query q(db, "SELECT MAX(ARInvoiceID) AS LastID FROM ARInv");
-    q.Open();
-    return q.FieldByName("LastID").IsNull() ? 1 : q.FieldByName("LastID").AsInteger() + 1;
 }
 
 } // namespace
 
-std::int64_t DrawJobId(store::Database& db) {
-    return Draw(db, "NextJobID");
+std::int64_t DrawJobId(store::Database& db, const DrawRetry& askRetry) {
+    return Draw(db, "NextJobID", askRetry);
 }
 
-std::int64_t DrawTaskId(store::Database& db) {
-    return Draw(db, "NextTaskID");
+std::int64_t DrawTaskId(store::Database& db, const DrawRetry& askRetry) {
+    return Draw(db, "NextTaskID", askRetry);
 }
 
 InvoiceKeys DrawTimeInvoiceKeys(store::Database& db, store::Table& ctl) {
@@ -48,25 +37,24 @@ InvoiceKeys DrawTimeInvoiceKeys(store::Database& db, store::Table& ctl) {
         ctl.Append();
     else
         ctl.Edit();
-    store::Field& nextId = ctl.FieldByName("NextInvoiceID");
-    store::Field& nextNo = ctl.FieldByName("NextInvoiceNo");
+    store::ControlRow row(ctl);
+    // A control row never filled carries on after the highest invoice id; the run's transaction
+    // keeps every other workstation from inserting meanwhile.
+    std::optional<std::int64_t> nextId = row.Peek("NextInvoiceID");
+    if (!nextId || *nextId < 1)
+        row.Put("NextInvoiceID", store::DrawMaxPlusOne(db, "ARInv", "ARInvoiceID"));
     InvoiceKeys keys;
-    keys.ARInvoiceID = nextId.IsNull() || nextId.AsInteger() < 1 ? NextInvoiceIdAfterExisting(db)
-                                                                 : nextId.AsInteger();
-    std::int64_t number = nextNo.IsNull() ? 0 : nextNo.AsInteger();
-    if (number < kLowestInvoiceNo || number > kHighestInvoiceNo) number = kTimeInvoiceRestart;
+    keys.ARInvoiceID = row.Take("NextInvoiceID");
+    // The time invoices' own series: it restarts at 10001, not where manual invoices do.
+    std::int64_t number = row.Take(
+        "NextInvoiceNo",
+        store::RestartOutside(kLowestInvoiceNo, kHighestInvoiceNo, kTimeInvoiceRestart), 0);
     // A number typed on a manual invoice may already stand in the series.
-    store::Query taken(db, "SELECT COUNT(*) AS n FROM ARInv WHERE InvoiceNo = :No");
-    taken.Prepare();
-    for (;; ++number) {
-        taken.Close();
-        taken.ParamByName("No").SetAsString(std::to_string(number));
-        taken.Open();
-        if (taken.FieldByName("n").AsInteger() == 0) break;
-    }
+    while (store::CountRowsWhere(db, "ARInv", "InvoiceNo", store::Value(std::to_string(number))) >
+           0)
+        ++number;
     keys.InvoiceNo = number;
-    nextId.SetAsInteger(keys.ARInvoiceID + 1);
-    nextNo.SetAsInteger(number + 1);
+    row.Put("NextInvoiceNo", number + 1);
     ctl.Post();
     return keys;
 }

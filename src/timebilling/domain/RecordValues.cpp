@@ -18,10 +18,4 @@ bool RowExists(store::Database& db, const std::string& table, const std::string&
     return q.FieldByName("n").AsInteger() > 0;
 }
 
-std::int64_t NextKey(store::Database& db, const std::string& table, const std::string& field) {
-    store::Query q(db, "SELECT MAX(" + field + ") AS LastID FROM " + table);
-    q.Open();
-    return q.FieldByName("LastID").IsNull() ? 1 : q.FieldByName("LastID").AsInteger() + 1;
-}
-
 } // namespace corvane::timebilling

@@ -20,7 +20,4 @@ bool Blank(const store::Field& field);
 bool RowExists(store::Database& db, const std::string& table, const std::string& keyField,
                const store::Value& value);
 
-// 1 + the highest value of an integer key field, or 1 for an empty table.
-std::int64_t NextKey(store::Database& db, const std::string& table, const std::string& field);
-
 } // namespace corvane::timebilling

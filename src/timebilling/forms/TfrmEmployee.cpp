@@ -10,6 +10,7 @@ namespace corvane::timebilling {
 TfrmEmployee::TfrmEmployee(ui::Application& app, store::Database& db)
     : EntryForm(app, "frmEmployee", db, "Employee", "tblEmployee") {
     using namespace ui;
+    EntryTable.SetDrawnKey("EmployeeID");
     SetLayout(Column{
         FormRow{"Name", editEmployeeName},
         FormRow{"Job Title", editJobTitle},

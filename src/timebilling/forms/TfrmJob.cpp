@@ -68,7 +68,7 @@ TfrmJob::TfrmJob(ui::Application& app, store::Database& db)
     });
 
     EntryTable.OnNewRecord = [this](store::DataSet& ds) {
-        StartNewJob(EntryTable.OwnerDatabase(), ds, Date::Today());
+        StartNewJob(EntryTable.OwnerDatabase(), ds, Date::Today(), AskRetry());
     };
     EntryTable.AfterInsert = EntryTable.AfterEdit = [this](store::DataSet&) { TakeSnapshot(); };
     EntryTable.FieldByName("CustomerID").OnValidate = [this](store::Field& f) {
@@ -128,7 +128,7 @@ void TfrmJob::SetUpTaskFields() {
     tblTask.OnNewRecord = [this](store::DataSet& ds) {
         store::Database& db = EntryTable.OwnerDatabase();
         const std::int64_t job = JobId();
-        StartNewTask(db, ds, job, NextLineNo(db, job));
+        StartNewTask(db, ds, job, NextLineNo(db, job), AskRetry());
     };
     tblTask.BeforeInsert = tblTask.BeforeEdit = [this](store::DataSet&) {
         // A line belongs to a job being worked on: a job at rest goes into edit first.
@@ -151,6 +151,13 @@ void TfrmJob::SetUpTaskFields() {
                                                 ds.FieldByName("TaskID").AsInteger(), name);
         if (!refusal.empty()) throw Exception(refusal);
         if (EntryTable.State() == DataSetState::Browse) EntryTable.Edit();
+    };
+}
+
+DrawRetry TfrmJob::AskRetry() {
+    return [this](const std::string& message) {
+        return App().MessageDlg(message, ui::MsgType::Error, {ui::mbRetry, ui::mbCancel}) ==
+               ui::mbRetry;
     };
 }
 

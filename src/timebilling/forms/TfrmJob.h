@@ -70,6 +70,8 @@ private:
     void RestoreSnapshot();
     void ShowCaption();
     std::int64_t JobId();
+    // The question a busy JobCtl asks: Retry or Cancel.
+    DrawRetry AskRetry();
     bool HasUnsavedWork() override;
     void DropUntouchedWork() override;
     void DropWork() override;

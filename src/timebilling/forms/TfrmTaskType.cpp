@@ -14,6 +14,7 @@ TfrmTaskType::TfrmTaskType(ui::Application& app, store::Database& db)
       cboSalesGLAccount(*this, "cboSalesGLAccount", EntryTable, "SalesGLAccountID", tblGLAccnt,
                         "GLAccountID", "GLAccount;AccountName") {
     using namespace ui;
+    EntryTable.SetDrawnKey("TaskTypeID");
     tblGLAccnt.SetIndexName("GLAccount");
     tblGLAccnt.Open();
     editTaxCodes.SetEditMask("!lll;0;_");
