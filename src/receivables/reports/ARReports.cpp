@@ -1,6 +1,7 @@
 #include "receivables/reports/ARReports.h"
 
 #include "core/Exception.h"
+#include "receivables/invoices/print/TrptARInvoice.h"
 #include "receivables/reports/TrptARHistory.h"
 #include "receivables/reports/TrptARStatements.h"
 #include "receivables/reports/TrptARStatementsInv.h"
@@ -153,6 +154,25 @@ void RegisterARReports(reports::ReportRegistry& registry) {
                       "Statements of unpaid invoices (--asof, --currency, --customer, "
                       "--min-owing, --min-days)",
                       Factory(ARReportKind::StatementsUnpaid));
+    registry.Register(
+        "ARInvoice",
+        "Sales invoices as printed: one (--number) or every unprinted one; --style classic or "
+        "professional, else the company's",
+        [](store::Database& db, const ReportRequest& request) {
+            std::optional<std::int64_t> id =
+                KeyOf(db, request, "number", "SELECT ARInvoiceID FROM ARInv WHERE InvoiceNo = :No",
+                      "invoice");
+            const std::string style = request.Option("style");
+            int chosen = CompanyInvoiceStyle(db);
+            if (style == "classic")
+                chosen = TrptARInvoice::Classic;
+            else if (style == "professional")
+                chosen = TrptARInvoice::Professional;
+            else if (!style.empty())
+                throw Exception("--style takes classic or professional, not '" + style + "'.");
+            return std::unique_ptr<reports::TrptBase>(
+                std::make_unique<TrptARInvoice>(db, id, chosen));
+        });
 }
 
 } // namespace corvane::receivables

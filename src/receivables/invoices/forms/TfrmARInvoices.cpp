@@ -3,6 +3,9 @@
 #include "core/Exception.h"
 #include "receivables/invoices/InvoiceDocument.h"
 #include "receivables/invoices/forms/TfrmARInvoice.h"
+#include "receivables/invoices/print/InvoiceCommands.h"
+#include "receivables/invoices/print/TfrmARInvoiceSetup.h"
+#include "receivables/invoices/print/TfrmARInvoicesPrint.h"
 #include "receivables/posting/InvoiceReader.h"
 #include "store/Query.h"
 #include "ui/Application.h"
@@ -34,6 +37,23 @@ TfrmARInvoices::TfrmARInvoices(ui::Application& app, store::Database& db,
     mnuCopy.OnClick = [this] { CopyInvoice(); };
     mnuPost.OnClick = [this] { PostInvoices(); };
     mnuPayments.OnClick = [this] { ShowPayments(); };
+    mnuFileSep.Visible = mnuExit.Visible = false;
+    mnuClose.OnClick = [this] { Close(); };
+    auto selected = [this]() -> std::optional<std::int64_t> {
+        if (tblARInv.IsEmpty()) return std::nullopt;
+        return tblARInv.FieldByName("ARInvoiceID").AsInteger();
+    };
+    mnuPrintSelected.OnClick = [this, selected] {
+        if (auto id = selected()) PrintInvoices(id);
+    };
+    mnuPrintUnprinted.OnClick = [this] { PrintInvoices(std::nullopt); };
+    mnuEmailInvoice.OnClick = [this, selected] {
+        if (auto id = selected()) EmailSelectedInvoice(App(), Db(), *id);
+    };
+    mnuExportInvoice.OnClick = [this, selected] {
+        if (auto id = selected()) ExportSelectedInvoice(App(), Db(), *id);
+    };
+    mnuInvoiceSetup.OnClick = [this] { App().CreateForm<TfrmARInvoiceSetup>(Db()).ShowModal(); };
     mnuOutstanding.OnClick = [this] { ToggleOutstanding(); };
     OnShow = [this] { Caption = CaptionNow(); };
     mnuSortDate.Click();
@@ -85,6 +105,7 @@ void TfrmARInvoices::ToggleOutstanding() {
 
 TfrmARInvoice& TfrmARInvoices::InvoiceForm() {
     TfrmARInvoice& form = App().SingleForm<TfrmARInvoice>(Db());
+    form.PrintInvoice = [this](std::int64_t id) { PrintInvoices(id); };
     form.AfterSave = [this](shell::EntryForm& saved) {
         store::Value id = saved.EntryTable.FieldByName("ARInvoiceID").AsValue();
         RefreshList();
@@ -141,6 +162,15 @@ void TfrmARInvoices::PostInvoices() {
     // The vouchers the run wrote go to the ledger at once, if the user agrees there.
     if (result == ui::mrOK)
         if (ui::Form* vouchers = MakeRegistered("frmJVsPost")) vouchers->ShowModal();
+}
+
+void TfrmARInvoices::PrintInvoices(std::optional<std::int64_t> arInvoiceId) {
+    store::Value at =
+        tblARInv.IsEmpty() ? store::Value() : tblARInv.FieldByName("ARInvoiceID").AsValue();
+    auto& print = App().CreateForm<TfrmARInvoicesPrint>(Db(), arInvoiceId);
+    print.ShowModal();
+    RefreshList();
+    if (!at.IsNull()) tblARInv.Locate("ARInvoiceID", {at});
 }
 
 void TfrmARInvoices::ShowPayments() {

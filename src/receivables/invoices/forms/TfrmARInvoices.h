@@ -5,6 +5,8 @@
 #include "ui/MenuItem.h"
 #include "ui/ToolBar.h"
 
+#include <cstdint>
+#include <optional>
 #include <string>
 
 namespace corvane::receivables {
@@ -27,11 +29,22 @@ public:
     ui::MenuItem mnuPost{mnuRecords, "mnuPost", "&Post..."};
     ui::MenuItem mnuPayments{mnuRecords, "mnuPayments", "Pa&yment(s)..."};
     ui::ToolButton tbnPost{tlbList, "tbnPost", mnuPost};
+    // Invoice printing; the list's own separator and Exit move below these.
+    ui::MenuItem mnuPrintSelected{mnuFile, "mnuPrintSelected", "Print &Selected Invoice..."};
+    ui::MenuItem mnuPrintUnprinted{mnuFile, "mnuPrintUnprinted",
+                                   "Print &All Unprinted Invoices..."};
+    ui::MenuItem mnuEmailInvoice{mnuFile, "mnuEmailInvoice", "E&mail Selected Invoice..."};
+    ui::MenuItem mnuExportInvoice{mnuFile, "mnuExportInvoice", "Export Selected &Invoice..."};
+    ui::MenuItem mnuInvoiceSetup{mnuFile, "mnuInvoiceSetup", "Invoice Print Se&tup..."};
+    ui::MenuItem mnuInvoicesSep{mnuFile, "mnuInvoicesSep", "-"};
+    ui::MenuItem mnuClose{mnuFile, "mnuClose", "E&xit"};
 
     void CopyInvoice();
     void DeleteInvoice();
     void PostInvoices();
     void ShowPayments();
+    // Print AR Invoices for the invoice on the list, or for every unprinted one.
+    void PrintInvoices(std::optional<std::int64_t> arInvoiceId);
     void ToggleOutstanding();
     // "AR Invoices" with what narrows the list: "(Outstanding)", "(Filtered)", or both.
     std::string CaptionNow() const;
