@@ -151,8 +151,8 @@ double PlainSqliteSeconds(bool linesOnly) {
                              -1, &line, nullptr),
           db);
     Check(sqlite3_prepare_v2(db,
-                             "UPDATE TimeSht SET InvoiceNo = ? WHERE TaskID = ? AND InvoiceNo IS "
-                             "NULL AND WorkDate <= '2017-03-31'",
+                             "UPDATE TimeSht SET InvoiceNo = ? WHERE TaskID = ? AND +InvoiceNo IS "
+                             "NULL AND +WorkDate <= '2017-03-31'",
                              -1, &stamp, nullptr),
           db);
     auto start = Clock::now();

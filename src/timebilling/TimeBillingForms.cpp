@@ -1,6 +1,7 @@
 #include "timebilling/TimeBillingForms.h"
 
 #include "shell/main/FormRegistry.h"
+#include "timebilling/forms/TfrmARInvoiceNew.h"
 #include "timebilling/forms/TfrmEmployee.h"
 #include "timebilling/forms/TfrmEmployees.h"
 #include "timebilling/forms/TfrmJob.h"
@@ -42,6 +43,8 @@ void RegisterTimeBillingForms(shell::FormRegistry& registry) {
     RegisterSimple<TfrmTaskType>(registry, "frmTaskType");
     RegisterSimple<TfrmJob>(registry, "frmJob");
     RegisterSimple<TfrmTimeSheet>(registry, "frmTimeSheet");
+    // The invoice list asks it before every new invoice.
+    RegisterSimple<TfrmARInvoiceNew>(registry, "frmARInvoiceNew");
     registry.Register("frmJobs", [&registry](shell::FormContext& ctx) -> ui::Form& {
         auto& list = ctx.App.SingleForm<TfrmJobs>(ctx.Db);
         list.MakeRegisteredForm = Opener(registry, ctx);

@@ -113,8 +113,9 @@ public:
     int StartWidth() const { return startWidth_; }
     int StartHeight() const { return startHeight_; }
 
-    // The record commands; the menu, tool bar, popup and keys run these.
-    void NewRecord();
+    // The record commands; the menu, tool bar, popup and keys run these. A list whose new record
+    // is preceded by a question of its own overrides NewRecord.
+    virtual void NewRecord();
     void EditRecord();
     void DeleteRecord();
     void OpenFilter();

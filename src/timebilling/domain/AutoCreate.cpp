@@ -160,8 +160,10 @@ public:
             Run(insertLine_, {Value(keys.ARInvoiceID), Value(line.Seq), Value(line.Quantity),
                               Value(line.UnitPrice), Value(line.UnitPrice), Value(line.TaxCodes),
                               Value(line.JobID), Value(line.TaskID)});
-            Run("UPDATE main.TimeSht SET InvoiceNo = ? WHERE TaskID = ? AND InvoiceNo IS NULL "
-                "AND WorkDate <= ?",
+            // The task's own index finds its few rows; left to itself the engine would walk
+            // every unbilled row through InvoiceNoWorkDate for each task.
+            Run("UPDATE main.TimeSht SET InvoiceNo = ? WHERE TaskID = ? AND +InvoiceNo IS NULL "
+                "AND +WorkDate <= ?",
                 {Value(number), Value(line.TaskID), Value(req.CutOff)});
         }
     }

@@ -94,6 +94,11 @@ inline std::string AutoCreateQuestion(int period, int year) {
     return "AutoCreate invoices for period " + std::to_string(period) + "/" + std::to_string(year) +
            "?";
 }
+inline constexpr const char* PeriodOutOfRange = "Period must be between 1 and 12";
+inline constexpr const char* YearInvalid =
+    "Period invalid...\nEnter year as 2 digits.\nExample: for 2017 enter 17";
+inline constexpr const char* ManualInvoice = "Manual Invoice";
+inline constexpr const char* AutoCreateFromTime = "AutoCreate from time sheets";
 inline std::string InvoicesCreated(int count) {
     return std::to_string(count) + " invoice(s) were created.";
 }

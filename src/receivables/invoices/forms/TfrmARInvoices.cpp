@@ -2,6 +2,7 @@
 
 #include "core/Exception.h"
 #include "receivables/invoices/InvoiceDocument.h"
+#include "receivables/invoices/forms/NewInvoiceChoice.h"
 #include "receivables/invoices/forms/TfrmARInvoice.h"
 #include "receivables/invoices/print/InvoiceCommands.h"
 #include "receivables/invoices/print/TfrmARInvoiceSetup.h"
@@ -129,6 +130,18 @@ ui::Form* TfrmARInvoices::MakeRegistered(std::string_view name) {
     if (!factory) return nullptr;
     shell::FormContext context{App(), Db(), main_};
     return &(*factory)(context);
+}
+
+void TfrmARInvoices::NewRecord() {
+    if (ui::Form* selection = MakeRegistered("frmARInvoiceNew")) {
+        if (selection->ShowModal() != ui::mrOK) return;
+        const auto* choice = dynamic_cast<const NewInvoiceChoice*>(selection);
+        if (choice && !choice->ManualChosen()) {
+            RefreshList();
+            return;
+        }
+    }
+    ListForm::NewRecord();
 }
 
 void TfrmARInvoices::DeleteInvoice() {

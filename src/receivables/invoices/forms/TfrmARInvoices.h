@@ -39,6 +39,9 @@ public:
     ui::MenuItem mnuInvoicesSep{mnuFile, "mnuInvoicesSep", "-"};
     ui::MenuItem mnuClose{mnuFile, "mnuClose", "E&xit"};
 
+    // The selection of a new invoice comes first where the program has one: a manual invoice
+    // opens as before, invoices made from time are shown in the list.
+    void NewRecord() override;
     void CopyInvoice();
     void DeleteInvoice();
     void PostInvoices();
