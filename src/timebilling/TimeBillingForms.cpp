@@ -9,6 +9,7 @@
 #include "timebilling/forms/TfrmTaskType.h"
 #include "timebilling/forms/TfrmTaskTypes.h"
 #include "timebilling/forms/TfrmTimeCalculator.h"
+#include "timebilling/forms/TfrmTimeReports.h"
 #include "timebilling/forms/TfrmTimeSheet.h"
 #include "timebilling/forms/TfrmTimeSheets.h"
 #include "ui/Application.h"
@@ -54,6 +55,9 @@ void RegisterTimeBillingForms(shell::FormRegistry& registry) {
         auto& list = ctx.App.SingleForm<TfrmTimeSheets>(ctx.Db);
         list.MakeRegisteredForm = Opener(registry, ctx);
         return list;
+    });
+    registry.Register("frmTimeReports", [](shell::FormContext& ctx) -> ui::Form& {
+        return ctx.App.SingleForm<TfrmTimeReports>(ctx.Db);
     });
     registry.Register("frmTimeCalculator", [](shell::FormContext& ctx) -> ui::Form& {
         return ctx.App.SingleForm<TfrmTimeCalculator>();

@@ -1,0 +1,28 @@
+#pragma once
+
+#include "timebilling/reports/TimeReportOptions.h"
+
+#include <memory>
+
+namespace corvane::reports {
+class TrptBase;
+} // namespace corvane::reports
+
+namespace corvane::timebilling {
+
+// The reports of the Time Billing Reports wizard, in the order of its list.
+enum class TimeReportKind {
+    JobStatus,
+    EmployeeSummary,
+    EmployeeDetail,
+    CustomerSummary,
+    CustomerDetail
+};
+inline constexpr const char* kTimeReportNames[] = {"Job Status Report", "Employee Time Summary",
+                                                   "Employee Time Detail", "Customer Time Summary",
+                                                   "Customer Time Detail"};
+
+std::unique_ptr<reports::TrptBase> MakeTimeReport(TimeReportKind kind, store::Database& db,
+                                                  TimeReportOptions options);
+
+} // namespace corvane::timebilling
