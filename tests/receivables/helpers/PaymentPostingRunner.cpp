@@ -1,0 +1,43 @@
+// A second job posting the customer payments of a company. It opens the company, prints "ready",
+// waits until the start file exists, posts every unposted payment, answering Retry while another
+// job holds the tables, and prints "posted <n>". A failure prints "error: <message>" and exits 2.
+//
+//   receivables_payment_posting_runner <company folder> <start file>
+
+#include "receivables/posting/PaymentPostingRun.h"
+#include "store/Database.h"
+#include "store/Session.h"
+
+#include <chrono>
+#include <exception>
+#include <filesystem>
+#include <iostream>
+#include <string>
+#include <thread>
+
+int main(int argc, char** argv) {
+    if (argc != 3) {
+        std::cerr << "usage: receivables_payment_posting_runner <company folder> <start file>\n";
+        return 64;
+    }
+    try {
+        corvane::store::Session session;
+        corvane::store::Database db(session);
+        db.SetDirectory(argv[1]);
+        db.Open();
+        std::cout << "ready" << std::endl;
+        for (int i = 0; i < 20000 && !std::filesystem::exists(argv[2]); ++i)
+            std::this_thread::sleep_for(std::chrono::milliseconds(1));
+        int questions = 0;
+        corvane::receivables::PaymentPostingRun run(db);
+        auto posted = run.Run([&](const std::string&) {
+            std::this_thread::sleep_for(std::chrono::milliseconds(20));
+            return ++questions < 500;
+        });
+        std::cout << "posted " << posted << std::endl;
+        return 0;
+    } catch (const std::exception& e) {
+        std::cout << "error: " << e.what() << std::endl;
+        return 2;
+    }
+}
