@@ -111,7 +111,7 @@ TfrmARInvoice::TfrmARInvoice(ui::Application& app, store::Database& db)
     };
     EntryTable.BeforePost = [this](store::DataSet&) { CheckBeforeSave(); };
     EntryTable.AfterPost = [this](store::DataSet&) {
-        snapshot_ = {};
+        snapshot_.Forget();
         copying_ = false;
         ShowCaption();
     };
@@ -293,43 +293,19 @@ void TfrmARInvoice::BeforeLineChange(store::DataSet& lines) {
 }
 
 void TfrmARInvoice::TakeSnapshot() {
-    if (snapshot_.Taken) return;
-    snapshot_.Taken = true;
-    store::Query q(EntryTable.OwnerDatabase(),
-                   "SELECT * FROM ARInvDet WHERE ARInvoiceID = :ID ORDER BY Seq");
-    q.ParamByName("ID").SetValue(EntryTable.FieldByName("ARInvoiceID").AsValue());
-    q.Open();
-    for (q.First(); !q.Eof(); q.Next()) {
-        std::vector<Value> row;
-        for (const auto& f : q.Fields())
-            row.push_back(f->AsValue());
-        snapshot_.Rows.push_back(std::move(row));
-    }
+    snapshot_.Take(EntryTable.OwnerDatabase(), "ARInvDet", "ARInvoiceID",
+                   EntryTable.FieldByName("ARInvoiceID").AsValue());
 }
 
 void TfrmARInvoice::RestoreSnapshot() {
-    if (!snapshot_.Taken) return;
+    if (!snapshot_.Taken()) return;
     restoring_ = true;
     struct Done {
         bool& flag;
         ~Done() { flag = false; }
     } done{restoring_};
     if (Editing(tblARInvDet)) tblARInvDet.Cancel();
-    store::Database& db = EntryTable.OwnerDatabase();
-    store::Transaction restore(db, {"ARInvDet"});
-    store::Query drop(db, "DELETE FROM ARInvDet WHERE ARInvoiceID = :ID");
-    drop.ParamByName("ID").SetValue(EntryTable.FieldByName("ARInvoiceID").AsValue());
-    drop.ExecSQL();
-    store::Table lines(db, "ARInvDet");
-    lines.Open();
-    for (const auto& row : snapshot_.Rows) {
-        lines.Append();
-        for (std::size_t i = 0; i < row.size(); ++i)
-            lines.Fields()[i]->SetValue(row[i]);
-        lines.Post();
-    }
-    restore.Commit();
-    snapshot_ = {};
+    snapshot_.Restore(EntryTable.OwnerDatabase());
     tblARInvDet.Refresh();
 }
 
@@ -365,7 +341,7 @@ void TfrmARInvoice::NewInvoice() {
     taxes_ = {};
     buckets_ = {};
     taxAmounts_ = {};
-    snapshot_ = {};
+    snapshot_.Forget();
     nextSeq_ = 1;
     tblARInvDet.SetRange({Value(keys->ARInvoiceID)}, {Value(keys->ARInvoiceID)});
     ShowHeaderTexts();
@@ -376,7 +352,7 @@ void TfrmARInvoice::ShowLines() {
     const bool empty = EntryTable.IsEmpty();
     const Value id = empty ? Value(0) : EntryTable.FieldByName("ARInvoiceID").AsValue();
     tblARInvDet.SetRange({id}, {id});
-    snapshot_ = {};
+    snapshot_.Forget();
     nextSeq_ = 1;
     if (!empty) {
         const std::optional<InvoiceHeader> h = ReadInvoice(
@@ -602,7 +578,7 @@ void TfrmARInvoice::SaveInvoice() {
 }
 
 bool TfrmARInvoice::HasUnsavedWork() {
-    return Editing(EntryTable) && (EntryTable.Modified() || snapshot_.Taken);
+    return Editing(EntryTable) && (EntryTable.Modified() || snapshot_.Taken());
 }
 
 void TfrmARInvoice::DropLines() {

@@ -1,5 +1,6 @@
 #pragma once
 
+#include "receivables/domain/LinesSnapshot.h"
 #include "receivables/invoices/InvoiceDocument.h"
 #include "shell/patterns/EntryForm.h"
 #include "store/Table.h"
@@ -74,10 +75,6 @@ protected:
     std::string KeyViolationMessage() const override;
 
 private:
-    struct Snapshot {
-        std::vector<std::vector<store::Value>> Rows;
-        bool Taken = false;
-    };
     void SetUpLines();
     void NewInvoice();
     void CustomerChanged();
@@ -104,7 +101,7 @@ private:
     TaxBuckets buckets_;
     TaxAmounts taxAmounts_;
     TaxedLine lineBefore_;
-    Snapshot snapshot_;
+    LinesSnapshot snapshot_;
     std::int64_t nextSeq_ = 1;
     bool restoring_ = false;
     bool closing_ = false;
