@@ -102,6 +102,10 @@ void FilterForm::AddLookupCriterion(ui::DBLookupComboBox& combo, std::string fie
     criteria_.push_back(std::make_unique<LookupCriterion>(combo, std::move(fieldName)));
 }
 
+void FilterForm::AddCriterion(std::unique_ptr<Criterion> criterion) {
+    criteria_.push_back(std::move(criterion));
+}
+
 void FilterForm::Reset() {
     for (const auto& criterion : criteria_)
         criterion->Clear();

@@ -53,6 +53,8 @@ protected:
                            int allIndex);
     // A row of another table chosen by its integer key.
     void AddLookupCriterion(ui::DBLookupComboBox& combo, std::string fieldName);
+    // A criterion of the form's own making.
+    void AddCriterion(std::unique_ptr<Criterion> criterion);
 
 private:
     void Apply();

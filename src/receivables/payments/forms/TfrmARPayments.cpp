@@ -3,6 +3,7 @@
 #include "core/Exception.h"
 #include "receivables/payments/domain/PaymentDocument.h"
 #include "receivables/payments/forms/TfrmARPayment.h"
+#include "receivables/payments/forms/TfrmARPaymentsFilter.h"
 #include "receivables/posting/InvoicePosting.h"
 #include "ui/Application.h"
 #include "ui/DesktopServices.h"
@@ -39,6 +40,10 @@ TfrmARPayments::TfrmARPayments(ui::Application& app, store::Database& db,
     };
     mnuPost.OnClick = [this] { PostPayments(); };
     mnuOutstanding.OnClick = [this] { ToggleOutstanding(); };
+    mnuFilter.OnClick = tbnFilter.OnClick = [this] {
+        OpenFilter();
+        ApplyFilters();
+    };
     OnShow = [this] { Caption = CaptionNow(); };
     mnuSortDate.Click();
 }
@@ -76,15 +81,29 @@ std::string TfrmARPayments::CaptionNow() const {
 }
 
 void TfrmARPayments::ToggleOutstanding() {
-    if (mnuOutstanding.Checked()) {
-        mnuOutstanding.SetChecked(false);
+    mnuOutstanding.SetChecked(!mnuOutstanding.Checked());
+    ApplyFilters();
+}
+
+void TfrmARPayments::ApplyFilters() {
+    std::string expression = filter_ && mnuFilter.Checked() ? filter_->Expression() : "";
+    if (mnuOutstanding.Checked())
+        expression =
+            expression.empty() ? "Reconciled <> true" : expression + " AND (Reconciled <> true)";
+    if (expression.empty()) {
         tblARPmt.SetFiltered(false);
         tblARPmt.SetFilter("");
     } else {
-        ShowOutstanding("Reconciled <> true");
+        tblARPmt.SetFilter(expression);
+        tblARPmt.SetFiltered(true);
     }
     ShowList();
     Caption = CaptionNow();
+}
+
+shell::FilterForm* TfrmARPayments::Filter() {
+    if (!filter_) filter_ = &App().SingleForm<TfrmARPaymentsFilter>(*this);
+    return filter_;
 }
 
 TfrmARPayment& TfrmARPayments::PaymentForm() {

@@ -10,6 +10,7 @@
 namespace corvane::receivables {
 
 class TfrmARPayment;
+class TfrmARPaymentsFilter;
 
 // Every customer payment, newest first: date, reference, customer, bank, amount and state. Post
 // applies the unposted ones to their invoices and offers the vouchers' posting at once.
@@ -33,15 +34,19 @@ public:
 
 protected:
     shell::EntryForm& Entry() override;
+    shell::FilterForm* Filter() override;
 
 private:
     TfrmARPayment& PaymentForm();
     ui::Form* MakeRegistered(std::string_view name);
     void AddListFields();
+    // The filter dialog's criteria and the outstanding view together on the list.
+    void ApplyFilters();
 
     const shell::FormRegistry* registry_;
     shell::TfrmCorvane* main_;
     store::Table tblCustomer, tblBank;
+    TfrmARPaymentsFilter* filter_ = nullptr;
 };
 
 } // namespace corvane::receivables
