@@ -4,6 +4,7 @@
 #include "receivables/payments/domain/PaymentDocument.h"
 #include "receivables/payments/forms/TfrmARPayment.h"
 #include "receivables/payments/forms/TfrmARPaymentsFilter.h"
+#include "receivables/payments/forms/TfrmARPaymentsFind.h"
 #include "receivables/posting/InvoicePosting.h"
 #include "ui/Application.h"
 #include "ui/DesktopServices.h"
@@ -40,6 +41,9 @@ TfrmARPayments::TfrmARPayments(ui::Application& app, store::Database& db,
     };
     mnuPost.OnClick = [this] { PostPayments(); };
     mnuOutstanding.OnClick = [this] { ToggleOutstanding(); };
+    mnuFind.Visible = true;
+    mnuFind.OnClick =
+        tbnFind.OnClick = [this] { App().SingleForm<TfrmARPaymentsFind>(*this).ShowModal(); };
     mnuFilter.OnClick = tbnFilter.OnClick = [this] {
         OpenFilter();
         ApplyFilters();
