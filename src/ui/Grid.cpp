@@ -77,7 +77,8 @@ std::optional<std::int64_t> Grid::RowIndex() const {
 
 bool Grid::RightAligned(const GridColumn& column) const {
     const store::Field* field = dataSet_.FindField(column.FieldName);
-    return field && store::IsNumericType(field->DataType());
+    // A key shown by the name it stands for (OnGetText) reads as text.
+    return field && store::IsNumericType(field->DataType()) && !field->OnGetText;
 }
 
 std::string Grid::WidestText(const GridColumn& column) const {

@@ -44,8 +44,8 @@ TfrmJob::TfrmJob(ui::Application& app, store::Database& db)
     grdTasks.ReadOnly = false;
     grdTasks.Popup = &popTasks;
     grdTasks.AddColumn("TaskTypeID", "Task Type", 110);
-    grdTasks.AddColumn("TaskName", "Task", 200);
-    grdTasks.AddColumn("Notes", "Notes", 120);
+    grdTasks.AddColumn("TaskName", "Task", 180);
+    grdTasks.AddColumn("Notes", "Notes", 96);
     grdTasks.AddColumn("DueDate", "Due", 72);
     grdTasks.AddColumn("Completed", "Done", 44);
     grdTasks.AddColumn("EmployeeID", "Employee", 110);

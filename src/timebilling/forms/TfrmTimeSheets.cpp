@@ -37,8 +37,8 @@ TfrmTimeSheets::TfrmTimeSheets(ui::Application& app, store::Database& db)
     grdList.AddColumn("Hours", "Hours", 56);
     grdList.AddColumn("EmployeeName", "Employee", 120);
     grdList.AddColumn("CustomerName", "Customer", 150);
-    grdList.AddColumn("JobName", "Job", 160);
-    grdList.AddColumn("TaskName", "Task", 160);
+    grdList.AddColumn("JobName", "Job", 180);
+    grdList.AddColumn("TaskName", "Task", 140);
     grdList.AddColumn("InvoiceNo", "Invoice no.", 72);
     mnuFilter.Visible = false;
     mnuPrint.Visible = false;
