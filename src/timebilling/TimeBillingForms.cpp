@@ -1,5 +1,7 @@
 #include "timebilling/TimeBillingForms.h"
 
+#include "banking/usage/FormRegistration.h"
+#include "reports/run/PreviewReport.h"
 #include "shell/main/FormRegistry.h"
 #include "timebilling/forms/TfrmARInvoiceNew.h"
 #include "timebilling/forms/TfrmEmployee.h"
@@ -12,6 +14,8 @@
 #include "timebilling/forms/TfrmTimeReports.h"
 #include "timebilling/forms/TfrmTimeSheet.h"
 #include "timebilling/forms/TfrmTimeSheets.h"
+#include "timebilling/reports/TrptJobs.h"
+#include "timebilling/reports/TrptTimeSheets.h"
 #include "ui/Application.h"
 
 namespace corvane::timebilling {
@@ -55,6 +59,14 @@ void RegisterTimeBillingForms(shell::FormRegistry& registry) {
         auto& list = ctx.App.SingleForm<TfrmTimeSheets>(ctx.Db);
         list.MakeRegisteredForm = Opener(registry, ctx);
         return list;
+    });
+    banking::RegisterListReport<TrptJobs>(registry, "frmJobs");
+    registry.RegisterListPrinter("frmTimeSheets", [](shell::ListForm& list) {
+        auto report = std::make_unique<TrptTimeSheets>(list.Db());
+        report->FollowList(list);
+        if (list.mnuOutstanding.Checked())
+            report->QuickReport.ReportTitle = "Time Sheets (Outstanding)";
+        reports::PreviewReport(list.App(), std::move(report));
     });
     registry.Register("frmTimeReports", [](shell::FormContext& ctx) -> ui::Form& {
         return ctx.App.SingleForm<TfrmTimeReports>(ctx.Db);

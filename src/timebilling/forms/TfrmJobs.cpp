@@ -28,7 +28,6 @@ TfrmJobs::TfrmJobs(ui::Application& app, store::Database& db)
     grdList.AddColumn("JobName", "Job", 220);
     grdList.AddColumn("Authorized", "OK", 36);
     grdList.AddColumn("Completed", "Completed", 64);
-    mnuPrint.Visible = false;
     mnuFileSep.Visible = false;
     mnuDelete.OnClick = popDelete.OnClick = [this] { DeleteJobRow(); };
     mnuCopy.OnClick = [this] { CopyJob(); };

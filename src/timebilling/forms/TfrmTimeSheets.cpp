@@ -41,7 +41,6 @@ TfrmTimeSheets::TfrmTimeSheets(ui::Application& app, store::Database& db)
     grdList.AddColumn("TaskName", "Task", 140);
     grdList.AddColumn("InvoiceNo", "Invoice no.", 72);
     mnuFilter.Visible = false;
-    mnuPrint.Visible = false;
     mnuFileSep.Visible = false;
     mnuEdit.OnClick = popEdit.OnClick = [this] { EditTimeSheet(); };
     mnuDelete.OnClick = popDelete.OnClick = [this] { DeleteTimeSheetRow(); };
