@@ -3,6 +3,8 @@
 #include "core/DisplayFormat.h"
 #include "core/Exception.h"
 #include "core/Text.h"
+#include "ledger/accounts/TfrmGLAccountSearch.h"
+#include "ledger/accounts/TfrmGLAccountSubSearch.h"
 #include "ledger/domain/PeriodRules.h"
 #include "ledger/periods/YearEntry.h"
 #include "receivables/payments/domain/PaymentTexts.h"
@@ -233,7 +235,8 @@ void TfrmARPayment::SetUpLines() {
             if (account.IsNull() && !customer.IsNull())
                 account.SetValue(
                     ValueOf(DefaultWriteOffAccount(EntryTable.OwnerDatabase(), customer.Int())));
-        } else if (!f.IsNull()) {
+        } else {
+            // No write-off, no account: an emptied amount is none as much as 0 is.
             account.Clear();
             for (int level = 1; level <= 3; ++level)
                 tblARInvPmt.FieldByName("WriteOffSubAccount" + std::to_string(level) + "ID")
@@ -360,6 +363,19 @@ void TfrmARPayment::GridKeyPress(char& ch) {
         App().MessageDlg(message, ui::MsgType::Information, {ui::mbOK});
         return;
     }
+    if (column->FieldName == "WriteOffGLAccountID") {
+        const char first = ch;
+        ch = 0;
+        PickAccount(0, first);
+        return;
+    }
+    for (int level = 1; level <= 3; ++level)
+        if (column->FieldName == "WriteOffSubAccount" + std::to_string(level) + "ID") {
+            const char first = ch;
+            ch = 0;
+            PickAccount(level, first);
+            return;
+        }
     if (column->FieldName == "ARInvoiceID" && ChooseInvoice) {
         // The invoice is chosen, not typed: the key starts the chooser's search.
         const char first = ch;
@@ -367,6 +383,38 @@ void TfrmARPayment::GridKeyPress(char& ch) {
         const std::optional<std::int64_t> chosen = ChooseInvoice(first, InvoiceFilter());
         if (chosen) SetLineInvoice(*chosen, true);
     }
+}
+
+void TfrmARPayment::PickAccount(int level, char firstChar) {
+    // The account is chosen, not typed: the key starts the search's find text.
+    store::Database& db = EntryTable.OwnerDatabase();
+    shell::SearchForm* search = nullptr;
+    shell::SearchStart start;
+    start.FirstChar = firstChar;
+    if (level == 0) {
+        search = &App().SingleForm<ledger::TfrmGLAccountSearch>(db);
+        start.IndexName = "GLAccount";
+    } else {
+        auto& sub = App().SingleForm<ledger::TfrmGLAccountSubSearch>(db);
+        sub.SetLevel(level);
+        search = &sub;
+        start.IndexName = "SubAccount";
+    }
+    search->Start(grdLines, start);
+    if (search->ShowModal() != ui::mrOK || search->SearchTable.IsEmpty()) return;
+    if (search->SearchTable.FieldByName("Suspended").AsBoolean())
+        throw Exception(level == 0 ? text::TypedAccountSuspended : text::TypedSubaccountSuspended);
+    const Value chosen = search->SelectedKey().front();
+    if (!Editing(tblARInvPmt)) {
+        if (tblARInvPmt.IsEmpty())
+            tblARInvPmt.Append();
+        else
+            tblARInvPmt.Edit();
+    }
+    tblARInvPmt
+        .FieldByName(level == 0 ? std::string("WriteOffGLAccountID")
+                                : "WriteOffSubAccount" + std::to_string(level) + "ID")
+        .SetValue(chosen);
 }
 
 std::string TfrmARPayment::InvoiceFilter() {

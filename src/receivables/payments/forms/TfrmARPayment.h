@@ -105,6 +105,8 @@ private:
     void PutLine(const AllocationLine& line);
     std::optional<InvoiceDue> LineInvoice();
     void GridKeyPress(char& ch);
+    // The account (level 0) or subaccount search of a write-off cell, started with the key typed.
+    void PickAccount(int level, char firstChar);
     void AccountColumn(const std::string& field, int level);
     void ShowCaption();
     void ShowHeaderTexts();
