@@ -138,6 +138,9 @@ int main(int argc, char* argv[]) {
     desktop::QtHost host;
     desktop::QtDialogs dialogs;
     desktop::QtDesktopServices services;
+    // The registry outlives the application: forms closing at the end may still open others.
+    shell::FormRegistry registry;
+    program::RegisterProgramForms(registry);
     ui::Application app(host, dialogs, services);
     desktop::QtReportPrinter printer;
     reports::ReportOutput::Install(&printer);
@@ -145,8 +148,6 @@ int main(int argc, char* argv[]) {
         app.ScaleFactor = screen->logicalDotsPerInch() / 96.0;
     if (options.Vendors) return RunVendorDemo(host, app, options);
 
-    shell::FormRegistry registry;
-    program::RegisterProgramForms(registry);
     app.CreateForm<shell::TfrmSplash>().Show();
     shell::TfrmCorvane* main = nullptr;
     try {

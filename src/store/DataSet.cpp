@@ -1,5 +1,7 @@
 #include "store/DataSet.h"
 
+#include "store/DataSetGroup.h"
+
 #include "core/Exception.h"
 #include "store/TableDef.h"
 
@@ -7,7 +9,28 @@
 
 namespace corvane::store {
 
-DataSet::~DataSet() = default;
+DataSet::DataSet() {
+    if (DataSetGroup* group = DataSetGroup::Current()) group->Add(*this);
+}
+
+DataSet::~DataSet() {
+    if (group_) group_->Remove(*this);
+}
+
+void DataSet::DropHandlers() {
+    for (Handler* handler :
+         {&OnNewRecord, &BeforeInsert, &AfterInsert, &BeforeEdit, &AfterEdit, &BeforePost,
+          &AfterPost, &BeforeCancel, &AfterCancel, &BeforeDelete, &AfterDelete, &BeforeScroll,
+          &AfterScroll, &AfterOpen, &BeforeClose, &AfterClose, &OnCalcFields})
+        *handler = nullptr;
+    OnFilterRecord = nullptr;
+    OnPostError = OnEditError = OnDeleteError = nullptr;
+    for (auto& field : fields_) {
+        field->OnValidate = field->OnChange = nullptr;
+        field->OnGetText = nullptr;
+        field->OnSetText = nullptr;
+    }
+}
 
 // ----- opening
 

@@ -13,6 +13,8 @@
 
 namespace corvane::store {
 
+class DataSetGroup;
+
 enum class DataSetState { Inactive, Browse, Edit, Insert, CalcFields };
 
 // What an error handler tells the cursor to do after the store refused an edit, post or delete.
@@ -133,9 +135,13 @@ public:
     // Called for each row while Filtered is on; return false to hide the row.
     std::function<bool(DataSet&)> OnFilterRecord;
     ErrorHandler OnPostError, OnEditError, OnDeleteError;
+    // Forgets every handler of the data set and its fields: its owner is being taken apart and
+    // nothing may call back into it any more.
+    void DropHandlers();
 
 protected:
-    DataSet() = default;
+    // Joins the group that is collecting, if any (see DataSetGroup).
+    DataSet();
 
     // The row a cursor stands on: its values in field order and, for tables, its row id.
     struct Row {
@@ -224,6 +230,8 @@ private:
     int disableCount_ = 0;
     bool pendingChange_ = false;
     std::vector<DataSetObserver*> observers_;
+    friend class DataSetGroup;
+    DataSetGroup* group_ = nullptr;
 
 protected:
     void SetState(DataSetState state);

@@ -59,12 +59,7 @@ Table::~Table() {
     if (master_) master_->RemoveObserver(masterLink_.get());
     // The handlers belong to the form that owns this cursor, and by now the parts of that form
     // they reach may be gone: closing here, with a row still in edit, must not call them.
-    for (Handler* h :
-         {&OnNewRecord, &BeforeInsert, &AfterInsert, &BeforeEdit, &AfterEdit, &BeforePost,
-          &AfterPost, &BeforeCancel, &AfterCancel, &BeforeDelete, &AfterDelete, &BeforeScroll,
-          &AfterScroll, &AfterOpen, &BeforeClose, &AfterClose, &OnCalcFields})
-        *h = nullptr;
-    OnFilterRecord = nullptr;
+    DropHandlers();
     try {
         Close();
     } catch (...) {

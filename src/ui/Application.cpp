@@ -15,7 +15,7 @@ Application::Application(Host& host, Dialogs& dialogs, DesktopServices& desktop)
 Application::~Application() {
     // Later forms may use earlier ones (a filter form its list form): destroy them first.
     while (!owned_.empty())
-        owned_.pop_back();
+        Destroy(owned_.end() - 1);
 }
 
 // ----- forms
@@ -37,10 +37,21 @@ void Application::Created(Form& form) {
         form.EnsureCreated();
     } catch (...) {
         // A form whose creation failed is not kept half made.
-        owned_.erase(std::find_if(owned_.begin(), owned_.end(),
-                                  [&](const auto& f) { return f.get() == &form; }));
+        Destroy(std::find_if(owned_.begin(), owned_.end(),
+                             [&](const auto& f) { return f.get() == &form; }));
         throw;
     }
+}
+
+void Application::AdoptDataSets(Form& form, store::DataSetGroup& made, const void* begin,
+                                std::size_t size) {
+    form.dataSets_.AdoptWithin(made, begin, size);
+}
+
+void Application::Destroy(std::vector<std::unique_ptr<Form>>::iterator owned) {
+    std::unique_ptr<Form> form = std::move(*owned);
+    owned_.erase(owned);
+    form->CloseDataSets();
 }
 
 Form* Application::FindForm(std::string_view name) const {
@@ -66,7 +77,7 @@ void Application::FreeForm(Form& form) {
         forms_.erase(std::remove(forms_.begin(), forms_.end(), &form), forms_.end());
         return;
     }
-    owned_.erase(owned);
+    Destroy(owned);
 }
 
 void Application::FreePendingForms() {

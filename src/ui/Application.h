@@ -1,5 +1,6 @@
 #pragma once
 
+#include "store/DataSetGroup.h"
 #include "ui/DesktopServices.h"
 #include "ui/Dialogs.h"
 
@@ -38,10 +39,18 @@ public:
     DesktopServices& Desktop() const { return desktop_; }
 
     // ----- forms
-    // A new form owned by the application, with the wait cursor on while it is made.
+    // A new form owned by the application, with the wait cursor on while it is made. The cursors
+    // its constructors make are its own when they are its members (and so lie inside it); those
+    // made elsewhere on the way, such as shared look-ups, are not.
     template <class T, class... Args> T& CreateForm(Args&&... args) {
         WaitGuard wait(*this);
-        auto form = std::make_unique<T>(*this, std::forward<Args>(args)...);
+        store::DataSetGroup made;
+        std::unique_ptr<T> form;
+        {
+            store::DataSetGroup::Collecting collecting(made);
+            form = std::make_unique<T>(*this, std::forward<Args>(args)...);
+        }
+        AdoptDataSets(*form, made, form.get(), sizeof(T));
         T& ref = *form;
         owned_.push_back(std::move(form));
         Created(ref);
@@ -59,7 +68,8 @@ public:
     Form& GetForm(std::string_view name) const;
     // All forms, in the order they were made.
     const std::vector<Form*>& Forms() const { return forms_; }
-    // Destroys a form the application owns; inside an event, once the event is over.
+    // Destroys a form the application owns, its data sets closed first; inside an event, once
+    // the event is over.
     void FreeForm(Form& form);
     Form* MainForm() const { return mainForm_; }
     void SetMainForm(Form& form) { mainForm_ = &form; }
@@ -101,6 +111,9 @@ private:
     void Register(Form& form);
     void Unregister(Form& form);
     void Created(Form& form);
+    static void AdoptDataSets(Form& form, store::DataSetGroup& made, const void* begin,
+                              std::size_t size);
+    void Destroy(std::vector<std::unique_ptr<Form>>::iterator owned);
     void BeginWait();
     void EndWait();
     void FreePendingForms();

@@ -1,5 +1,6 @@
 #pragma once
 
+#include "store/DataSetGroup.h"
 #include "ui/Keys.h"
 #include "ui/Layout.h"
 #include "ui/ModalResult.h"
@@ -86,6 +87,13 @@ public:
     std::function<void(Key& key, Modifiers mods)> OnKeyDown;
     std::function<void(char& ch)> OnKeyPress;
 
+    // ----- data sets
+    // Closes the form's cursors while the whole form still stands: a record in edit or insert
+    // is cancelled and the form's handlers see it. The application does this before it destroys
+    // a form it made, since a derived form's handlers on a cursor of its base would otherwise run
+    // from the base's destructor, after the derived members are gone.
+    void CloseDataSets() { dataSets_.CloseAll(); }
+
     // ----- layout
     void SetLayout(LayoutItem root);
     const LayoutItem* Layout() const { return layout_.get(); }
@@ -133,6 +141,8 @@ private:
 
     Application& app_;
     std::string name_;
+    // The cursors among the form's members; see Application::CreateForm.
+    store::DataSetGroup dataSets_;
     std::vector<Component*> components_;
     std::unique_ptr<LayoutItem> layout_;
     std::vector<Control*> tabOrder_;

@@ -50,7 +50,6 @@ TfrmGLAccount::TfrmGLAccount(ui::Application& app, store::Database& db)
 }
 
 TfrmGLAccount::~TfrmGLAccount() {
-    EntryTable.BeforePost = EntryTable.AfterPost = nullptr;
     if (chartChanged_) RemindOfStatements(App(), EntryTable.OwnerDatabase());
 }
 

@@ -146,18 +146,6 @@ TfrmJV::~TfrmJV() {
             db.DropTable(store::Database::MemorySchema, linesTable_);
     } catch (...) {
     }
-    // The voucher cursor belongs to the base and outlives the members its handlers reach into;
-    // closing it cancels a voucher still in insert, which must then do nothing here.
-    for (store::DataSet::Handler* handler :
-         {&EntryTable.OnNewRecord, &EntryTable.BeforeEdit, &EntryTable.BeforePost,
-          &EntryTable.BeforeCancel, &EntryTable.AfterPost, &EntryTable.AfterCancel,
-          &EntryTable.AfterScroll, &EntryTable.BeforeClose, &EntryTable.AfterOpen})
-        *handler = nullptr;
-    EntryTable.OnPostError = nullptr;
-    if (store::Field* description = EntryTable.FindField("TransDescription")) {
-        description->OnGetText = nullptr;
-        description->OnSetText = nullptr;
-    }
 }
 
 void TfrmJV::SetUpLineFields() {
