@@ -140,8 +140,7 @@ bool TryDrawFromControl(Database& db, const std::string& controlTable, const Con
 }
 
 bool DrawFromControl(Database& db, const std::string& controlTable, const ControlRetry& retry,
-                     const ControlTake& take,
-                     const std::function<bool(const std::string& message)>& askRetry) {
+                     const ControlTake& take, const RetryQuestion& askRetry) {
     while (!TryDrawFromControl(db, controlTable, retry, take))
         if (!askRetry || !askRetry(ControlTableBusyMessage(retry.Label))) return false;
     return true;

@@ -1,5 +1,7 @@
 #pragma once
 
+#include "store/TableHold.h"
+
 #include <cstdint>
 #include <functional>
 #include <optional>
@@ -75,8 +77,7 @@ bool TryDrawFromControl(Database& db, const std::string& controlTable, const Con
 // askRetry gets ControlTableBusyMessage(retry.Label): true starts a new round, false gives up.
 // False when the user gave up (the caller then abandons its new record).
 bool DrawFromControl(Database& db, const std::string& controlTable, const ControlRetry& retry,
-                     const ControlTake& take,
-                     const std::function<bool(const std::string& message)>& askRetry);
+                     const ControlTake& take, const RetryQuestion& askRetry);
 
 // Starts the write transaction of a draw. Another workstation that writes row after row can hold
 // the write lock again and again while this one sleeps between its looks; the start is tried

@@ -1,3 +1,4 @@
+#include "store/TableHold.h"
 #include "support/ChildProcess.h"
 #include "support/CompanyFixture.h"
 
@@ -88,6 +89,57 @@ TEST_F(CrossProcess, AnExclusiveOpenKeepsEveryoneElseOut) {
     auto line = refused.ReadLine();
     ASSERT_TRUE(line.has_value());
     EXPECT_EQ(line->rfind("error 11013", 0), 0u) << *line;
+}
+
+// A lock held for a scope asks after each refusal by the other process; giving up leaves nothing
+// held, a retry once the other is gone gets it, and the end of the scope gives it back.
+TEST_F(CrossProcess, AScopedTableLockAsksWhileRefusedAndGivesItsLockBack) {
+    auto other = Hold("locktable", "Vendor");
+    std::vector<std::string> asked;
+    Table vendors(db_, "Vendor");
+    EXPECT_EQ(CodeOf([&] {
+                  TableLock lock(vendors, "Vendors are locked", [&](const std::string& m) {
+                      asked.push_back(m);
+                      return asked.size() < 3;
+                  });
+              }),
+              errTableLocked);
+    EXPECT_EQ(asked, std::vector<std::string>(3, "Vendors are locked"));
+    EXPECT_FALSE(vendors.Active()) << "a refused lock leaves its table as it found it";
+
+    asked.clear();
+    {
+        TableLock lock(vendors, "Vendors are locked", [&](const std::string& m) {
+            asked.push_back(m);
+            other->Kill();
+            other->Wait();
+            return true;
+        });
+        EXPECT_EQ(asked.size(), 1u);
+        EXPECT_TRUE(vendors.TableLocked());
+        // Held for the scope: a second workstation is kept out.
+        ChildProcess refused(CORVANE_CURSOR_HOLDER, {folder_.Path(), "locktable", "Vendor"});
+        auto line = refused.ReadLine();
+        ASSERT_TRUE(line.has_value());
+        EXPECT_EQ(line->rfind("error", 0), 0u) << *line;
+    }
+    EXPECT_FALSE(vendors.Active());
+    auto after = Hold("locktable", "Vendor");
+}
+
+TEST_F(CrossProcess, AScopedExclusiveOpenClosesWhenItsScopeEndsEvenByAFailure) {
+    Table control(db_, "JVCtl");
+    EXPECT_THROW(
+        {
+            ExclusiveOpen held(control, "busy", {});
+            EXPECT_TRUE(control.Active());
+            throw std::runtime_error("the run failed");
+        },
+        std::runtime_error);
+    EXPECT_FALSE(control.Active());
+    auto other = Hold("exclusive", "JVCtl");
+    // Refused with no question to ask: the refusal itself comes back.
+    EXPECT_EQ(CodeOf([&] { ExclusiveOpen again(control, "busy", {}); }), errTableInUse);
 }
 
 } // namespace

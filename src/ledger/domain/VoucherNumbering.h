@@ -1,6 +1,7 @@
 #pragma once
 
-#include <functional>
+#include "store/TableHold.h"
+
 #include <optional>
 #include <string>
 
@@ -25,7 +26,7 @@ int VoucherNumberToUse(long long nextNumber);
 
 using VoucherKeysTaken = std::optional<VoucherKeys>;
 // Asked with the message when the control table stayed busy: true tries again.
-using RetryQuestion = std::function<bool(const std::string& message)>;
+using RetryQuestion = store::RetryQuestion;
 
 // Takes the next id and number from the one row of JVCtl and writes the counters on at once, so
 // two users never get the same pair; a voucher that is cancelled keeps its number used up. A run

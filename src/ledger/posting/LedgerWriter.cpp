@@ -106,7 +106,7 @@ void LedgerWriter::AddToTotals(const BalanceDelta& delta) {
     if (delta.GLPeriod < 1 || delta.GLPeriod > 12) return;
     auto& amount = totals.Amounts[static_cast<std::size_t>(delta.GLPeriod - 1)];
     try {
-        amount = CheckedSum(amount.value_or(Money()), delta.Amount);
+        amount = amount.value_or(Money()) + delta.Amount;
     } catch (const MoneyOverflow&) {
         const auto& a = delta.Account;
         throw Exception("Posting was not done: the total of GL account id " +

@@ -11,26 +11,16 @@ namespace corvane::ledger {
 
 namespace {
 
-// Both locks are held to the end of the run and given back in the order they were taken,
-// whatever happens inside it.
+// Both locks are held to the end of the run, whatever happens inside it.
 class RunLocks {
 public:
     RunLocks(store::Database& db, const LockRetryQuestion& askRetry)
-        : jv_(db, "JV"), actual_(db, "GLActual") {
-        jv_.Open();
-        LockTableWithRetry(jv_, PostingRun::JVLockMessage, askRetry);
-        actual_.Open();
-        LockTableWithRetry(actual_, PostingRun::ActualLockMessage, askRetry);
-    }
-    ~RunLocks() {
-        jv_.UnlockTable();
-        jv_.Close();
-        actual_.UnlockTable();
-        actual_.Close();
-    }
+        : jv_(db, "JV"), actual_(db, "GLActual"), jvLock_(jv_, PostingRun::JVLockMessage, askRetry),
+          actualLock_(actual_, PostingRun::ActualLockMessage, askRetry) {}
 
 private:
     store::Table jv_, actual_;
+    store::TableLock jvLock_, actualLock_;
 };
 
 } // namespace

@@ -27,15 +27,7 @@ bool UnpostJV(ui::Application& app, store::Database& db, std::int64_t jvid, int 
     // Only the totals are locked: the test of the Posted flag below stands in for a lock on
     // the vouchers.
     store::Table actual(db, "GLActual");
-    actual.Open();
-    LockTableWithRetry(actual, PostingRun::ActualLockMessage, AskRetryThrough(app));
-    struct Unlock {
-        store::Table& table;
-        ~Unlock() {
-            table.UnlockTable();
-            table.Close();
-        }
-    } unlock{actual};
+    store::TableLock lock(actual, PostingRun::ActualLockMessage, AskRetryThrough(app));
     ui::WaitCursor wait(app);
 
     store::Transaction transaction(db, {"JV", "GLActual", "GLHist"});

@@ -10,22 +10,23 @@ RunLocks::RunLocks(store::Database& db, ledger::LockRetryQuestion ask)
 
 RunLocks::~RunLocks() {
     guards_.clear();
-    for (auto t = held_.rbegin(); t != held_.rend(); ++t) {
-        if (!(*t)->Active()) continue;
-        if ((*t)->TableLocked()) (*t)->UnlockTable();
-        (*t)->Close();
-    }
+    while (!held_.empty())
+        held_.pop_back();
+}
+
+store::Table& RunLocks::Add(const std::string& table) {
+    held_.push_back(Held{std::make_unique<store::Table>(db_, table), nullptr, nullptr});
+    return *held_.back().Table;
 }
 
 void RunLocks::Exclusive(const std::string& table, const std::string& message) {
-    held_.push_back(std::make_unique<store::Table>(db_, table));
-    ledger::OpenExclusiveWithRetry(*held_.back(), message, ask_);
+    store::Table& t = Add(table);
+    held_.back().Opened = std::make_unique<store::ExclusiveOpen>(t, message, ask_);
 }
 
 void RunLocks::Lock(const std::string& table, const std::string& message) {
-    held_.push_back(std::make_unique<store::Table>(db_, table));
-    held_.back()->Open();
-    ledger::LockTableWithRetry(*held_.back(), message, ask_);
+    store::Table& t = Add(table);
+    held_.back().Locked = std::make_unique<store::TableLock>(t, message, ask_);
 }
 
 } // namespace corvane::receivables

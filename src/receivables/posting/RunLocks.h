@@ -2,6 +2,8 @@
 
 #include "ledger/posting/TableLockRetry.h"
 #include "store/LockManager.h"
+#include "store/Table.h"
+#include "store/TableHold.h"
 
 #include <memory>
 #include <string>
@@ -9,7 +11,6 @@
 
 namespace corvane::store {
 class Database;
-class Table;
 } // namespace corvane::store
 
 namespace corvane::receivables {
@@ -33,9 +34,18 @@ public:
     void GuardWrites(const std::vector<std::string>& tables);
 
 private:
+    // A table with what the run holds of it, given back before the cursor goes.
+    struct Held {
+        std::unique_ptr<store::Table> Table;
+        std::unique_ptr<store::TableLock> Locked;
+        std::unique_ptr<store::ExclusiveOpen> Opened;
+    };
+
+    store::Table& Add(const std::string& table);
+
     store::Database& db_;
     ledger::LockRetryQuestion ask_;
-    std::vector<std::unique_ptr<store::Table>> held_;
+    std::vector<Held> held_;
     std::vector<store::LockManager::WriteGuard> guards_;
 };
 

@@ -6,6 +6,7 @@
 #include "store/Query.h"
 #include "store/Schema.h"
 #include "store/Table.h"
+#include "store/TableHold.h"
 #include "store/sql/Connection.h"
 #include "timebilling/domain/NumberDraws.h"
 #include "timebilling/domain/TimeTexts.h"
@@ -93,22 +94,6 @@ TaxRates ReadTaxRates(store::Database& db) {
 }
 
 namespace {
-
-// Runs step until it is not refused by another job, asking after each refusal.
-template <typename Step>
-void WithRetry(const std::string& message, const RetryQuestion& askRetry, Step step) {
-    for (;;) {
-        try {
-            step();
-            return;
-        } catch (const store::EngineError& e) {
-            const int code = e.ErrorCode();
-            const bool refused = code == store::errTableLocked || code == store::errTableInUse ||
-                                 code == store::errRecordLocked;
-            if (!refused || !askRetry || !askRetry(message)) throw;
-        }
-    }
-}
 
 // What the run writes, through statements prepared once for all invoices.
 class InvoiceWriter {
@@ -240,15 +225,9 @@ AutoCreateResult AutoCreateRun::Run(const AutoCreateRequest& request,
                                     const RetryQuestion& askRetry) {
     AutoCreateResult result;
     store::Table ctl(db_, "ARInvCtl");
-    ctl.SetExclusive(true);
-    WithRetry(text::InvoiceControlLocked, askRetry, [&] { ctl.Open(); });
+    store::ExclusiveOpen ctlHeld(ctl, text::InvoiceControlLocked, askRetry);
     store::Table timeSheets(db_, "TimeSht");
-    timeSheets.Open();
-    WithRetry(text::TimeSheetsLocked, askRetry, [&] { timeSheets.LockTable(); });
-    struct Release {
-        store::Table& t;
-        ~Release() { t.UnlockTable(); }
-    } release{timeSheets};
+    store::TableLock timeSheetsLocked(timeSheets, text::TimeSheetsLocked, askRetry);
     // Nobody may hold the invoice tables locked while rows go in.
     auto invoices =
         db_.Locks().GuardWrite(db_.LockSlot(store::Database::MainSchema, "ARInv"), "ARInv");

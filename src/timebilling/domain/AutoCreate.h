@@ -1,6 +1,7 @@
 #pragma once
 
 #include "core/Date.h"
+#include "store/TableHold.h"
 #include "timebilling/domain/Billing.h"
 
 #include <cstdint>
@@ -33,8 +34,7 @@ std::vector<BillingRow> SelectUnbilledTime(store::Database& db, const AutoCreate
 // Every tax's code and rate, as an invoice copies them.
 TaxRates ReadTaxRates(store::Database& db);
 
-// Answers a refused lock or exclusive open: true to try again, false to give up.
-using RetryQuestion = std::function<bool(const std::string& message)>;
+using store::RetryQuestion;
 
 struct AutoCreateResult {
     bool NoTime = false; // nothing to bill: the form closes as cancelled
