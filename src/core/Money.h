@@ -34,18 +34,26 @@ public:
     // Rounds this amount to whole cents, half away from zero.
     Money RoundedToCents() const;
 
-    constexpr Money operator-() const { return Money(-units_); }
-    constexpr Money operator+(Money o) const { return Money(units_ + o.units_); }
-    constexpr Money operator-(Money o) const { return Money(units_ - o.units_); }
-    constexpr Money operator*(std::int64_t n) const { return Money(units_ * n); }
-    Money& operator+=(Money o) {
-        units_ += o.units_;
-        return *this;
+    // Every sum, difference and multiple is checked: one past the largest amount either way
+    // throws MoneyOverflow (core/MoneyLimit.h) rather than wrapping round to the other sign.
+    constexpr Money operator-() const { return Money(0) - *this; }
+    constexpr Money operator+(Money o) const {
+        std::int64_t r = 0;
+        if (__builtin_add_overflow(units_, o.units_, &r)) ThrowOverflow();
+        return Checked(r);
     }
-    Money& operator-=(Money o) {
-        units_ -= o.units_;
-        return *this;
+    constexpr Money operator-(Money o) const {
+        std::int64_t r = 0;
+        if (__builtin_sub_overflow(units_, o.units_, &r)) ThrowOverflow();
+        return Checked(r);
     }
+    constexpr Money operator*(std::int64_t n) const {
+        std::int64_t r = 0;
+        if (__builtin_mul_overflow(units_, n, &r)) ThrowOverflow();
+        return Checked(r);
+    }
+    Money& operator+=(Money o) { return *this = *this + o; }
+    Money& operator-=(Money o) { return *this = *this - o; }
     constexpr auto operator<=>(const Money&) const = default;
 
     // Plain text with four decimals and no separators, as stored in text: "-1234.5000".
@@ -53,6 +61,12 @@ public:
 
 private:
     constexpr explicit Money(std::int64_t units) : units_(units) {}
+    [[noreturn]] static void ThrowOverflow();
+    // The largest amount is the same either way: the one unit more below it is out of range.
+    static constexpr Money Checked(std::int64_t units) {
+        if (units == INT64_MIN) ThrowOverflow();
+        return Money(units);
+    }
     std::int64_t units_ = 0;
 };
 

@@ -11,23 +11,8 @@ MoneyOverflow::MoneyOverflow()
     : Exception(std::string("The amount is larger than the largest amount the system holds (") +
                 LargestAmountText + ").") {}
 
-namespace {
-
-Money Checked(std::int64_t a, std::int64_t b, bool add) {
-    std::int64_t r = 0;
-    const bool over = add ? __builtin_add_overflow(a, b, &r) : __builtin_sub_overflow(a, b, &r);
-    if (over || r < -LargestAmountUnits) throw MoneyOverflow();
-    return Money::FromUnits(r);
-}
-
-} // namespace
-
-Money CheckedSum(Money a, Money b) {
-    return Checked(a.Units(), b.Units(), true);
-}
-
-Money CheckedDifference(Money a, Money b) {
-    return Checked(a.Units(), b.Units(), false);
+void Money::ThrowOverflow() {
+    throw MoneyOverflow();
 }
 
 bool AmountTooLarge(std::string_view text) {

@@ -18,11 +18,6 @@ public:
     MoneyOverflow();
 };
 
-// Sums that a total is made of: a result past the largest amount throws MoneyOverflow rather
-// than wrapping round to an amount of the other sign.
-Money CheckedSum(Money a, Money b);
-Money CheckedDifference(Money a, Money b);
-
 // True when the text is an amount written as Money::Parse reads one but larger than the
 // largest amount, so that the refusal can say so rather than call it no amount at all.
 bool AmountTooLarge(std::string_view text);

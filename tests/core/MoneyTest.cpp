@@ -99,12 +99,20 @@ TEST(MoneyTextTest, ToStringKeepsFourDecimalsAndReadsBack) {
 TEST(MoneyLimitTest, SumsPastTheLargestAmountThrowInsteadOfWrapping) {
     const Money largest = Money::FromUnits(corvane::LargestAmountUnits);
     const Money least = Money::FromUnits(1);
-    EXPECT_EQ(corvane::CheckedSum(corvane::CheckedDifference(largest, least), least), largest);
-    EXPECT_THROW(corvane::CheckedSum(largest, least), corvane::MoneyOverflow);
-    EXPECT_THROW(corvane::CheckedDifference(-largest, least), corvane::MoneyOverflow);
-    EXPECT_THROW(corvane::CheckedDifference(least, -largest), corvane::MoneyOverflow);
+    EXPECT_EQ(largest - least + least, largest);
+    EXPECT_EQ(-largest, Money::FromUnits(-corvane::LargestAmountUnits));
+    EXPECT_THROW(largest + least, corvane::MoneyOverflow);
+    EXPECT_THROW(-largest - least, corvane::MoneyOverflow);
+    EXPECT_THROW(least - -largest, corvane::MoneyOverflow);
+    EXPECT_THROW(-Money::FromUnits(std::numeric_limits<std::int64_t>::min()),
+                 corvane::MoneyOverflow);
+    EXPECT_THROW(largest * 2, corvane::MoneyOverflow);
+    EXPECT_EQ(Money::FromUnits(-3) * 4, Money::FromUnits(-12));
+    Money total = largest;
+    EXPECT_THROW(total += least, corvane::MoneyOverflow);
+    EXPECT_EQ(total, largest) << "a refused sum leaves the total as it was";
     try {
-        corvane::CheckedSum(largest, least);
+        (void)(largest + least);
     } catch (const corvane::MoneyOverflow& e) {
         EXPECT_STREQ(e.what(), "The amount is larger than the largest amount the system holds "
                                "(922,337,203,685,477.5807).");

@@ -23,18 +23,18 @@ void VoucherTotals::Clear() {
 
 void VoucherTotals::Remove(Money amount) {
     if (amount > Money())
-        debits_ = CheckedDifference(debits_, amount);
+        debits_ -= amount;
     else
-        credits_ = CheckedDifference(credits_, amount);
+        credits_ -= amount;
 }
 
 void VoucherTotals::LineSaved(Money before, Money after) {
     Remove(before);
-    // Checked: a total past the largest amount throws rather than turning negative.
+    // A total past the largest amount throws rather than turning negative.
     if (after > Money())
-        debits_ = CheckedSum(debits_, after);
+        debits_ += after;
     else
-        credits_ = CheckedSum(credits_, after);
+        credits_ += after;
 }
 
 void VoucherTotals::LineDeleted(Money amount) {
