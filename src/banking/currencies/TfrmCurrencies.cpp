@@ -1,7 +1,7 @@
 #include "banking/currencies/TfrmCurrencies.h"
 
-#include "banking/currencies/CurrencyUsage.h"
 #include "banking/currencies/TfrmCurrency.h"
+#include "banking/domain/CurrencyRecord.h"
 #include "core/Exception.h"
 #include "shell/lookups/TdmLookUps.h"
 #include "ui/Application.h"
@@ -33,11 +33,11 @@ shell::EntryForm& TfrmCurrencies::Entry() {
 
 void TfrmCurrencies::BeforeDeleteCurrency() {
     std::string name = tblCurrency.FieldByName("CurrencyName").AsString();
-    if (App().MessageDlg(CurrencyDeleteQuestion(name), ui::MsgType::Confirmation,
-                         {ui::mbYes, ui::mbNo}) != ui::mbYes)
+    if (App().MessageDlg(DeleteQuestion(name), ui::MsgType::Confirmation, {ui::mbYes, ui::mbNo}) !=
+        ui::mbYes)
         Abort();
     std::string reason = CurrencyInUse(Db(), tblCurrency.FieldByName("CurrencyID").AsInteger());
-    if (!reason.empty()) throw Exception(CurrencyDeleteRefusal(name, reason));
+    if (!reason.empty()) throw Exception(DeleteRefusal(name, reason));
 }
 
 } // namespace corvane::banking

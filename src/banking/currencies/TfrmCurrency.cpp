@@ -1,7 +1,7 @@
 #include "banking/currencies/TfrmCurrency.h"
 
-#include "core/Exception.h"
-#include "core/Text.h"
+#include "banking/domain/CurrencyRecord.h"
+#include "banking/usage/RefusalFocus.h"
 #include "shell/lookups/TdmLookUps.h"
 #include "ui/Layout.h"
 
@@ -9,15 +9,11 @@
 
 namespace corvane::banking {
 
-// A control account of the currency: its field, the label beside its boxes, the name its
-// required-field message gives it (empty when it may stay empty), and its two boxes.
+// A control account of the currency on the form: its field, the label beside its boxes and its
+// two boxes, in the order of CurrencyAccounts().
 struct TfrmCurrency::ControlAccount {
     std::string_view Field;
     std::string_view Caption;
-    std::string_view Required;
-    // The gain or loss account is needed only where amounts convert, that is when a rate is
-    // entered.
-    bool OnlyWithRate;
     ui::Edit TfrmCurrency::*Number;
     ui::Edit TfrmCurrency::*Name;
 };
@@ -25,15 +21,6 @@ struct TfrmCurrency::ControlAccount {
 namespace {
 
 using CurrencyForm = TfrmCurrency;
-
-bool Blank(const store::Field& field) {
-    return field.IsNull() || TrimBlanks(field.AsString()).empty();
-}
-
-// No account is id 0: a 0 left by an import counts as none.
-bool NoAccount(const store::Field& field) {
-    return field.IsNull() || field.AsInteger() == 0;
-}
 
 std::string RateField(std::string_view year, int period) {
     return "ExchangeRate" + std::string(year) + std::to_string(period);
@@ -57,18 +44,18 @@ ui::LayoutItem RateLayout(std::array<std::unique_ptr<ui::DBEdit>, CurrencyForm::
 std::span<const TfrmCurrency::ControlAccount> TfrmCurrency::ControlAccounts() {
     // In the order of the form and of the save checks.
     static const std::array<ControlAccount, 6> accounts{{
-        {"APGLAccountID", "Accounts Payable:", "AP Account", false, &CurrencyForm::editAPGLAccount,
+        {"APGLAccountID", "Accounts Payable:", &CurrencyForm::editAPGLAccount,
          &CurrencyForm::editAPGLAccountName},
-        {"GainLossExchangeGLAccntID", "Gain/Loss on Exchange:", "Gain/Loss Exchange Account", true,
-         &CurrencyForm::editGainLossExchangeGLAccnt,
+        {"GainLossExchangeGLAccntID",
+         "Gain/Loss on Exchange:", &CurrencyForm::editGainLossExchangeGLAccnt,
          &CurrencyForm::editGainLossExchangeGLAccntName},
-        {"ARGLAccountID", "Accounts Receivable:", "AR Account", false,
-         &CurrencyForm::editARGLAccount, &CurrencyForm::editARGLAccountName},
-        {"APDiscGLAccountID", "AP Discounts:", "AP Discounts GL Account", false,
-         &CurrencyForm::editAPDiscGLAccount, &CurrencyForm::editAPDiscGLAccountName},
-        {"ARDiscGLAccountID", "AR Discounts:", "AR Discounts GL Account", false,
-         &CurrencyForm::editARDiscGLAccount, &CurrencyForm::editARDiscGLAccountName},
-        {"DfltWriteOffGLAccountID", "Default AR Write-offs:", "", false,
+        {"ARGLAccountID", "Accounts Receivable:", &CurrencyForm::editARGLAccount,
+         &CurrencyForm::editARGLAccountName},
+        {"APDiscGLAccountID", "AP Discounts:", &CurrencyForm::editAPDiscGLAccount,
+         &CurrencyForm::editAPDiscGLAccountName},
+        {"ARDiscGLAccountID", "AR Discounts:", &CurrencyForm::editARDiscGLAccount,
+         &CurrencyForm::editARDiscGLAccountName},
+        {"DfltWriteOffGLAccountID", "Default AR Write-offs:",
          &CurrencyForm::editDfltWriteOffGLAccount, &CurrencyForm::editDfltWriteOffGLAccountName},
     }};
     return accounts;
@@ -81,10 +68,11 @@ TfrmCurrency::TfrmCurrency(ui::Application& app, store::Database& db)
     EntryTable.SetDrawnKey("CurrencyID");
     EntryTable.FieldByName("CurrencyName").DisplayLabel = "Currency Name";
     EntryTable.FieldByName("ExchangeRate").DisplayLabel = "Exchange Rate";
+    for (const CurrencyAccount& checked : CurrencyAccounts())
+        if (!checked.Required.empty())
+            EntryTable.FieldByName(std::string(checked.Field)).DisplayLabel =
+                std::string(checked.Required);
     for (const ControlAccount& account : ControlAccounts()) {
-        if (!account.Required.empty())
-            EntryTable.FieldByName(std::string(account.Field)).DisplayLabel =
-                std::string(account.Required);
         numberBoxes_.push_back(std::make_unique<ledger::AccountBox>(
             this->*account.Number, EntryTable, std::string(account.Field), db));
         nameBoxes_.push_back(std::make_unique<ledger::AccountBox>(this->*account.Name, EntryTable,
@@ -128,34 +116,12 @@ TfrmCurrency::TfrmCurrency(ui::Application& app, store::Database& db)
 
 TfrmCurrency::~TfrmCurrency() = default;
 
-void TfrmCurrency::FocusOnAccounts(ui::Control& control) {
-    pgcCurrency.SetActivePage(tabAccounts);
-    if (control.CanFocus()) control.SetFocus();
-}
-
 void TfrmCurrency::BeforePostCurrency() {
-    if (Blank(EntryTable.FieldByName("CurrencyName"))) {
-        if (editCurrencyName.CanFocus()) editCurrencyName.SetFocus();
-        throw Exception("Field 'Currency Name' must have a value");
-    }
-    // A null rate is no rate: the home currency needs no gain or loss account.
-    const bool rateEntered = EntryTable.FieldByName("ExchangeRate").AsFloat() != 0.0;
-    for (const ControlAccount& account : ControlAccounts()) {
-        if (account.Required.empty() || (account.OnlyWithRate && !rateEntered)) continue;
-        if (!NoAccount(EntryTable.FieldByName(std::string(account.Field)))) continue;
-        FocusOnAccounts(this->*account.Number);
-        throw Exception("Field '" + std::string(account.Required) + "' must have a value" +
-                        (account.OnlyWithRate ? " if rate is entered" : ""));
-    }
-    // An account chosen here may have been deleted by another user since.
-    for (std::size_t i = 0; i < numberBoxes_.size(); ++i) {
-        try {
-            numberBoxes_[i]->CheckStillExists();
-        } catch (const Exception&) {
-            FocusOnAccounts(this->*ControlAccounts()[i].Number);
-            throw;
-        }
-    }
+    std::vector<FieldControl> controls{{"CurrencyName", &editCurrencyName}};
+    for (const ControlAccount& account : ControlAccounts())
+        controls.push_back({account.Field, &(this->*account.Number),
+                            [this] { pgcCurrency.SetActivePage(tabAccounts); }});
+    RaiseRefusal(CheckCurrency(EntryTable.OwnerDatabase(), EntryTable), controls);
 }
 
 void TfrmCurrency::ShowCaption() {

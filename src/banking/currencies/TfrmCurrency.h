@@ -65,7 +65,6 @@ private:
 
     void BeforePostCurrency();
     void ShowCaption();
-    void FocusOnAccounts(ui::Control& control);
 
     std::array<std::unique_ptr<ui::DBEdit>, Periods> thisYear_;
     std::array<std::unique_ptr<ui::DBEdit>, Periods> lastYear_;

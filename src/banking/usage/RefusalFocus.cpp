@@ -5,7 +5,7 @@
 
 namespace corvane::banking {
 
-void RaiseRefusal(const Verdict& verdict, std::initializer_list<FieldControl> controls) {
+void RaiseRefusal(const Verdict& verdict, std::span<const FieldControl> controls) {
     if (!verdict) return;
     for (const FieldControl& control : controls) {
         if (control.Field != verdict->Field) continue;

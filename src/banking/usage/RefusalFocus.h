@@ -4,6 +4,7 @@
 
 #include <functional>
 #include <initializer_list>
+#include <span>
 #include <string_view>
 
 namespace corvane::ui {
@@ -21,6 +22,9 @@ struct FieldControl {
 
 // How a form reports a domain check's refusal: the page of the field in front, the focus on its
 // control, and the sentence raised for the message loop to show. Nothing when there is none.
-void RaiseRefusal(const Verdict& verdict, std::initializer_list<FieldControl> controls);
+void RaiseRefusal(const Verdict& verdict, std::span<const FieldControl> controls);
+inline void RaiseRefusal(const Verdict& verdict, std::initializer_list<FieldControl> controls) {
+    RaiseRefusal(verdict, std::span<const FieldControl>(controls.begin(), controls.size()));
+}
 
 } // namespace corvane::banking
