@@ -46,9 +46,10 @@ struct AgingCompany {
         store::BulkInsert company(build, "Company", {"CompanyNo", "CompanyName", "FiscalYear"});
         company.Add({1, "Aging Bench Co", 2018});
         store::BulkInsert currency(build, "Currency",
-                                   {"CurrencyID", "CurrencyName", "ExchangeRate"});
-        currency.Add({1, "Dollars", 1.0});
-        currency.Add({2, "Euros", 1.25});
+                                   {"CurrencyID", "CurrencyName", "ExchangeRate", "APGLAccountID",
+                                    "APDiscGLAccountID", "ARGLAccountID", "ARDiscGLAccountID"});
+        currency.Add({1, "Dollars", 1.0, 1, 1, 1, 1});
+        currency.Add({2, "Euros", 1.25, 1, 1, 1, 1});
         store::BulkInsert customer(
             build, "Customer",
             {"CustomerID", "CustomerNo", "CustomerName", "CurrencyID", "Phone", "PrintStatement"});

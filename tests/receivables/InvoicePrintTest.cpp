@@ -1,5 +1,6 @@
 #include "InvoiceFixture.h"
 #include "core/FormatSettings.h"
+#include "receivables/invoices/print/BitmapImage.h"
 #include "receivables/invoices/print/InvoiceCommands.h"
 #include "receivables/invoices/print/InvoiceFile.h"
 #include "receivables/invoices/print/InvoicePrintRules.h"
@@ -288,6 +289,41 @@ TEST_F(InvoicePrint, EmailHandsThePdfToTheMailProgramAndAsksToDeleteIt) {
     // A customer without an address is refused before any file is made.
     EXPECT_THROW(EmailSelectedInvoice(app, db_, 2), Exception);
     EXPECT_EQ(output.PendingSaveAnswers(), 0u);
+}
+
+} // namespace
+
+namespace {
+
+// A bitmap as a file holds it: 2 x 2 pixels of 24 bits, rows bottom up and padded to 4 bytes.
+std::string TinyBitmap() {
+    auto u32 = [](std::uint32_t v) {
+        return std::string{static_cast<char>(v & 0xFF), static_cast<char>((v >> 8) & 0xFF),
+                           static_cast<char>((v >> 16) & 0xFF), static_cast<char>(v >> 24)};
+    };
+    auto u16 = [](std::uint16_t v) {
+        return std::string{static_cast<char>(v & 0xFF), static_cast<char>(v >> 8)};
+    };
+    const std::string pixels = std::string("\x00\x00\xFF\x00\xFF\x00", 6) + std::string(2, '\0') +
+                               std::string("\xFF\x00\x00\xFF\xFF\xFF", 6) + std::string(2, '\0');
+    return "BM" + u32(54 + 16) + u32(0) + u32(54) + u32(40) + u32(2) + u32(2) + u16(1) + u16(24) +
+           u32(0) + u32(16) + u32(2835) + u32(2835) + u32(0) + u32(0) + pixels;
+}
+
+TEST(BitmapImage, ABitmapOf24BitsComesOutTopDownInRgb) {
+    auto image = DecodeBitmap(TinyBitmap());
+    ASSERT_TRUE(image);
+    EXPECT_EQ(image->Width, 2);
+    EXPECT_EQ(image->Height, 2);
+    // The file's first row is the picture's bottom row: blue, white on top; red, green below.
+    EXPECT_EQ(image->Rgb, (std::vector<std::uint8_t>{0, 0, 255, 255, 255, 255, 255, 0, 0, 0, 255,
+                                                     0}));
+    // Not a bitmap, cut short, or compressed: nothing, and the logo is left out.
+    EXPECT_FALSE(DecodeBitmap("GIF89a"));
+    EXPECT_FALSE(DecodeBitmap(TinyBitmap().substr(0, 60)));
+    std::string compressed = TinyBitmap();
+    compressed[30] = 1;
+    EXPECT_FALSE(DecodeBitmap(compressed));
 }
 
 } // namespace

@@ -21,7 +21,7 @@ constexpr const char* kStatementFields =
 
 } // namespace
 
-std::string AgingStatement(AgingShape shape, const ARReportOptions& options) {
+std::string AgingStatement(AgingShape shape, const ARReportOptions& options, bool oneCustomer) {
     const bool invoices = shape != AgingShape::Customers;
     const bool statement = shape == AgingShape::Statement;
     std::string columns = invoices
@@ -44,7 +44,7 @@ std::string AgingStatement(AgingShape shape, const ARReportOptions& options) {
     sql += " AND (I.Posted = true)";
     if (options.CurrencyID) sql += " AND (C.CurrencyID = :CurrencyID)";
     if (!statement && options.SalesmanID) sql += " AND (C.SalesmanID = :SalesmanID)";
-    if (options.CustomerID)
+    if (options.CustomerID || oneCustomer)
         sql += " AND (I.CustomerID = :CustomerID)";
     else if (statement)
         sql += " AND (C.PrintStatement = True)";

@@ -21,8 +21,10 @@ enum class AgingShape {
 
 // The statement in the store's dialect with the options' conditions; its parameters are bound by
 // BindOptions. Salesman narrows only the aged reports; a statement run for all customers takes
-// only those who get statements.
-std::string AgingStatement(AgingShape shape, const ARReportOptions& options);
+// only those who get statements. With oneCustomer the statement reads the invoices of the
+// customer of :CustomerID only, for a report that walks the customers itself.
+std::string AgingStatement(AgingShape shape, const ARReportOptions& options,
+                           bool oneCustomer = false);
 
 // The aging's calculated fields on the query: Owing, OwingDomestic, Age, AgePeriod1Amt to
 // AgePeriod4Amt and their domestic AgePeriod1Dom to AgePeriod4Dom, CustomerNamePhone.

@@ -3,6 +3,10 @@
 #include "receivables/reports/ARReportOptions.h"
 #include "reports/run/TrptBase.h"
 #include "store/Query.h"
+#include "store/Table.h"
+
+#include <map>
+#include <memory>
 
 namespace corvane::store {
 class Database;
@@ -12,12 +16,15 @@ namespace corvane::receivables {
 
 // "Aged Receivables": each customer's open invoices as of a date in four columns of age, with the
 // customer's sums in its own currency and, where the currency has a rate, in domestic money; the
-// report's totals are domestic.
+// report's totals are domestic. The report walks the customers by name and reads each one's
+// invoices as it comes to them, so the first page is out long before the last customer is read.
 class TrptAgedTrialBalance : public reports::TrptBase {
 public:
     TrptAgedTrialBalance(store::Database& db, ARReportOptions options);
 
-    store::Query qryAging;
+    store::Table tblCustomer;
+    // The open invoices of the customer being printed, and of the one the walk looks at next.
+    store::Query qryAging, qryNext;
 
     void Open() override;
     // Whether some customer printed the domestic line, which names the report's totals.
@@ -28,9 +35,14 @@ protected:
 
 private:
     void Build(store::Database& db, bool summary);
+    bool Prints(store::DataSet& customer);
+    void ReadInvoices(store::Query& query, std::int64_t customerId);
+    double RateOf(store::DataSet& customer) const;
 
     store::Database& db_;
     ARReportOptions options_;
+    std::unique_ptr<CustomerOpenSums> sums_;
+    std::map<std::int64_t, double> rates_;
     bool anyDomestic_ = false;
 };
 
