@@ -6,6 +6,7 @@
 #include "receivables/payments/forms/TfrmARPaymentsFilter.h"
 #include "receivables/payments/forms/TfrmARPaymentsFind.h"
 #include "receivables/posting/InvoicePosting.h"
+#include "shell/patterns/EntryForm.h"
 #include "ui/Application.h"
 #include "ui/DesktopServices.h"
 
@@ -40,6 +41,8 @@ TfrmARPayments::TfrmARPayments(ui::Application& app, store::Database& db,
             EditRecord();
     };
     mnuPost.OnClick = [this] { PostPayments(); };
+    mnuCustomer.Visible = registry_ && registry_->Find("frmCustomer");
+    mnuCustomer.OnClick = [this] { ShowCustomer(); };
     mnuOutstanding.OnClick = [this] { ToggleOutstanding(); };
     mnuFind.Visible = true;
     mnuFind.OnClick =
@@ -143,6 +146,17 @@ void TfrmARPayments::DeletePayment() {
     const PaymentVerdict verdict = receivables::DeletePayment(Db(), id);
     if (!verdict.Accepted()) throw Exception(verdict.Message);
     RefreshList();
+}
+
+void TfrmARPayments::ShowCustomer() {
+    if (tblARPmt.IsEmpty()) return;
+    const store::Value customer = tblARPmt.FieldByName("CustomerID").AsValue();
+    auto* entry = dynamic_cast<shell::EntryForm*>(MakeRegistered("frmCustomer"));
+    if (!entry || customer.IsNull()) return;
+    if (!entry->EntryTable.Locate("CustomerID", {customer}))
+        throw Exception("The record has been deleted by another user");
+    entry->EntryTable.Edit();
+    entry->Show();
 }
 
 void TfrmARPayments::PostPayments() {

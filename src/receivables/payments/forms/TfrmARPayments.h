@@ -24,10 +24,13 @@ public:
     ui::MenuItem& mnuSortDate;
     ui::MenuItem& mnuSortReference;
     ui::MenuItem mnuPost{mnuRecords, "mnuPost", "&Post..."};
+    ui::MenuItem mnuCustomer{mnuRecords, "mnuCustomer", "&Customer..."};
     ui::ToolButton tbnPost{tlbList, "tbnPost", mnuPost};
 
     void DeletePayment();
     void PostPayments();
+    // The customer of the payment the list stands on, in its own entry form.
+    void ShowCustomer();
     void ToggleOutstanding();
     // "AR Payments" with what narrows the list: "(Outstanding)", "(Filtered)", or both.
     std::string CaptionNow() const;
