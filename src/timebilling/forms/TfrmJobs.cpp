@@ -1,10 +1,13 @@
 #include "timebilling/forms/TfrmJobs.h"
 
 #include "core/Exception.h"
+#include "reports/run/PreviewReport.h"
+#include "reports/run/TrptBase.h"
 #include "timebilling/domain/JobRules.h"
 #include "timebilling/domain/TimeTexts.h"
 #include "timebilling/forms/TfrmJob.h"
 #include "timebilling/forms/TfrmJobsFilter.h"
+#include "timebilling/reports/TrptJob.h"
 #include "ui/Application.h"
 #include "ui/Keys.h"
 
@@ -32,6 +35,7 @@ TfrmJobs::TfrmJobs(ui::Application& app, store::Database& db)
     mnuDelete.OnClick = popDelete.OnClick = [this] { DeleteJobRow(); };
     mnuCopy.OnClick = [this] { CopyJob(); };
     mnuTimeSheets.OnClick = [this] { ShowTimeSheets(); };
+    mnuPrintJob.OnClick = [this] { PrintJob(); };
     mnuCustomer.OnClick = [this] {
         if (ui::Form* form = MakeRegisteredForm ? MakeRegisteredForm("frmCustomers") : nullptr)
             form->Show();
@@ -113,6 +117,12 @@ void TfrmJobs::ShowTimeSheets() {
     list->MainDataSet().SetFiltered(true);
     list->mnuFilter.SetChecked(true);
     list->Caption = list->Title() + " (Filtered)";
+}
+
+void TfrmJobs::PrintJob() {
+    if (tblJob.IsEmpty()) return;
+    reports::PreviewReport(
+        App(), std::make_unique<TrptJob>(Db(), tblJob.FieldByName("JobID").AsInteger()));
 }
 
 } // namespace corvane::timebilling

@@ -24,6 +24,7 @@ public:
     ui::MenuItem mnuCopy{mnuRecords, "mnuCopy", "&Copy"};
     ui::MenuItem mnuTimeSheets{mnuRecords, "mnuTimeSheets", "&Time Sheets"};
     ui::MenuItem mnuCustomer{mnuRecords, "mnuCustomer", "C&ustomer"};
+    ui::MenuItem mnuPrintJob{mnuFile, "mnuPrintJob", "Print &Job..."};
     ui::ToolButton tbnCopy{tlbList, "tbnCopy", mnuCopy};
 
     // Makes a form the program registered, or null; given by whoever makes this list.
@@ -32,6 +33,8 @@ public:
     void CopyJob();
     void DeleteJobRow();
     void ShowTimeSheets();
+    // The selected job on a page of its own, with its tasks.
+    void PrintJob();
     void SetOutstanding(bool on);
 
 protected:
