@@ -20,6 +20,22 @@ Application::~Application() {
 
 // ----- forms
 
+bool Application::HasForm(std::string_view name) const {
+    return formService_ && formService_->HasForm(name);
+}
+
+Form* Application::OpenForm(std::string_view name) {
+    return formService_ ? formService_->OpenForm(name) : nullptr;
+}
+
+bool Application::CheckAccess(const std::string& right, const std::string& displayName) {
+    return !formService_ || formService_->CheckAccess(right, displayName);
+}
+
+bool Application::PrintList(Form& list) {
+    return formService_ && formService_->PrintList(list);
+}
+
 void Application::Register(Form& form) {
     if (FindForm(form.Name())) throw Exception("A form named '" + form.Name() + "' already exists");
     forms_.push_back(&form);

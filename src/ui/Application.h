@@ -3,6 +3,7 @@
 #include "store/DataSetGroup.h"
 #include "ui/DesktopServices.h"
 #include "ui/Dialogs.h"
+#include "ui/FormService.h"
 
 #include <exception>
 #include <functional>
@@ -100,6 +101,15 @@ public:
     // F1 on a form: the program shows the help of that form.
     std::function<void(Form& form)> OnHelp;
 
+    // ----- the program's other forms, through its one form service (see FormService)
+    void SetFormService(FormService* service) { formService_ = service; }
+    bool HasForm(std::string_view name) const;
+    // Null when there is no such form, or no service.
+    Form* OpenForm(std::string_view name);
+    // True without a service: a form on its own has no user to refuse.
+    bool CheckAccess(const std::string& right, const std::string& displayName);
+    bool PrintList(Form& list);
+
 private:
     friend class Form;
     friend class WaitCursor;
@@ -119,6 +129,7 @@ private:
     void FreePendingForms();
 
     Host& host_;
+    FormService* formService_ = nullptr;
     Dialogs& dialogs_;
     DesktopServices& desktop_;
     std::vector<Form*> forms_;

@@ -1,6 +1,7 @@
 #include "InquiryFixture.h"
 #include "ledger/LedgerForms.h"
 #include "ledger/inquiry/TfrmGLBalances.h"
+#include "shell/main/FormRegistry.h"
 #include "shell/main/ShellForms.h"
 #include "shell/main/TfrmCorvane.h"
 #include "support/ScopedDataHome.h"
@@ -51,7 +52,7 @@ TEST_F(GLBalancesAccess, HistoryAsksForTheRightToTheHistory) {
     ASSERT_TRUE(main.OpenCompany("", folder_.Path()));
     main.SecurityActive = true;
     main.CurrentUserName = "bob";
-    auto& totals = app.CreateForm<ledger::TfrmGLBalances>(main.Database, &registry_, &main);
+    auto& totals = app.CreateForm<ledger::TfrmGLBalances>(main.Database);
     totals.Show();
     ASSERT_TRUE(totals.qryGLAccnt.Locate("GLAccountID", {Cash}));
 

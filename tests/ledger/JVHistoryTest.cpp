@@ -9,6 +9,7 @@
 #include "shell/main/FormRegistry.h"
 #include "shell/main/ShellForms.h"
 #include "shell/main/TfrmCorvane.h"
+#include "support/RegistryForms.h"
 #include "support/ScopedDataHome.h"
 
 #include <cstdlib>
@@ -33,8 +34,8 @@ protected:
         AddVoucher(3, 2018, 1, {{Cash, M(7)}, {Rent, M(-7)}});
         PostAll();
     }
-    ledger::TfrmJVs& Vouchers(shell::TfrmCorvane* main = nullptr) {
-        auto& list = app.CreateForm<ledger::TfrmJVs>(db_, &registry_, main);
+    ledger::TfrmJVs& Vouchers() {
+        auto& list = app.CreateForm<ledger::TfrmJVs>(db_);
         list.Show();
         return list;
     }
@@ -52,6 +53,7 @@ protected:
     }
 
     shell::FormRegistry registry_;
+    corvane::testing::RegistryForms forms_{app, db_, registry_};
 };
 
 // The same company opened by the main form, for what goes through it: rights and help.
@@ -122,7 +124,7 @@ TEST_F(JVHistory, HistoryFromTheVouchersAsksForTheFilterThenListsAllLinesNewestF
 
 TEST_F(JVHistory, AnAccountShownEarlierDoesNotCarryOverAndTheChosenFilterHolds) {
     ledger::TfrmJVs& list = Vouchers();
-    auto& history = app.CreateForm<ledger::TfrmGLHistory>(db_, &registry_);
+    auto& history = app.CreateForm<ledger::TfrmGLHistory>(db_);
     history.ShowAccount(Cash, 2017);
     ASSERT_EQ(Shown(history), "1/3");
     std::string accountOffered = "unset";
@@ -164,7 +166,7 @@ TEST_F(JVHistory, HistoryFromTheAccountsShowsTheCurrentAccountOfEveryYear) {
 
 TEST_F(JVHistoryWithMainForm, HistoryFromTheVouchersAsksForTheRightToTheHistory) {
     main_->CurrentUserName = "bob";
-    ledger::TfrmJVs& list = Vouchers(main_);
+    ledger::TfrmJVs& list = Vouchers();
     ui::FormDriver(list).Click("mnuHistory");
     EXPECT_EQ(LastMessage(), "bob is not allowed access to GL History.");
     EXPECT_EQ(History(), nullptr);

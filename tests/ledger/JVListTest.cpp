@@ -1,6 +1,7 @@
 #include "VoucherFixture.h"
 #include "ledger/domain/VoucherTexts.h"
 #include "shell/main/FormRegistry.h"
+#include "support/RegistryForms.h"
 
 using namespace corvane;
 using corvane::testing::VoucherTest;
@@ -135,10 +136,11 @@ TEST_F(JVList, PostOpensThePostingDialogOfTheRegistry) {
         opened = true;
         return ctx.App.CreateForm<ui::Form>("frmJVsPost");
     });
-    EXPECT_FALSE(list->mnuPost.Visible) << "a list without the registry cannot post";
+    EXPECT_FALSE(list->mnuPost.Visible) << "a list without the program's forms cannot post";
     app.FreeForm(*list);
     list = nullptr;
-    ledger::TfrmJVs& withPosting = app.CreateForm<ledger::TfrmJVs>(db_, &registry);
+    corvane::testing::RegistryForms forms(app, db_, registry);
+    ledger::TfrmJVs& withPosting = app.CreateForm<ledger::TfrmJVs>(db_);
     EXPECT_TRUE(withPosting.mnuPost.Visible);
     EXPECT_FALSE(withPosting.mnuHistory.Visible) << "no history form is registered";
     withPosting.Show();

@@ -7,22 +7,12 @@
 
 namespace corvane::ledger {
 
-namespace {
-// Each list is made once, with the registry it opens the other ledger forms through.
-TfrmGLBalances& Totals(shell::FormRegistry& registry, shell::FormContext& ctx) {
-    return ctx.App.SingleForm<TfrmGLBalances>(ctx.Db, &registry, ctx.Main);
-}
-TfrmGLHistory& History(shell::FormRegistry& registry, shell::FormContext& ctx) {
-    return ctx.App.SingleForm<TfrmGLHistory>(ctx.Db, &registry, ctx.Main);
-}
-} // namespace
-
 void RegisterInquiryForms(shell::FormRegistry& registry) {
-    registry.Register("frmGLBalances", [&registry](shell::FormContext& ctx) -> ui::Form& {
-        return Totals(registry, ctx);
+    registry.Register("frmGLBalances", [](shell::FormContext& ctx) -> ui::Form& {
+        return ctx.App.SingleForm<TfrmGLBalances>(ctx.Db);
     });
-    registry.Register("frmGLHistory", [&registry](shell::FormContext& ctx) -> ui::Form& {
-        return History(registry, ctx);
+    registry.Register("frmGLHistory", [](shell::FormContext& ctx) -> ui::Form& {
+        return ctx.App.SingleForm<TfrmGLHistory>(ctx.Db);
     });
 }
 

@@ -11,7 +11,6 @@
 #include "reports/export/ListExport.h"
 #include "reports/run/PreviewReport.h"
 #include "shell/main/MainMenuEntries.h"
-#include "shell/main/TfrmCorvane.h"
 #include "shell/patterns/FilterTerms.h"
 #include "ui/Application.h"
 #include "ui/Caption.h"
@@ -38,13 +37,12 @@ constexpr const char* kAmountFormat = "#,###,##0.00#;#,###,##0.00#CR";
 
 } // namespace
 
-TfrmGLBalances::TfrmGLBalances(ui::Application& app, store::Database& db,
-                               const shell::FormRegistry* registry, shell::TfrmCorvane* main)
+TfrmGLBalances::TfrmGLBalances(ui::Application& app, store::Database& db)
     : ListForm(app, "frmGLBalances", "GL Totals", db,
                QuerySource{std::string(kSelect) + " " + kNoConditions + " ORDER BY " + kByNumber,
                            "qryGLAccnt"},
                "GLAccountID;SubAccount1ID;SubAccount2ID;SubAccount3ID;GLYear"),
-      registry_(registry), main_(main), where_(kNoConditions), orderBy_(kByNumber) {
+      where_(kNoConditions), orderBy_(kByNumber) {
     AddCalculatedFields();
     grdList.AddColumn("AccountNo", "Account no.", 90);
     grdList.AddColumn("AccountNameLabel", "Name", 200);
@@ -191,20 +189,18 @@ shell::FilterForm* TfrmGLBalances::Filter() {
 
 void TfrmGLBalances::ShowHistory() {
     if (qryGLAccnt.IsEmpty()) return;
-    if (main_ && !main_->CheckUserAccess("GLHistory", "GL History")) return;
+    if (!App().CheckAccess("GLHistory", "GL History")) return;
     std::int64_t account = qryGLAccnt.FieldByName("GLAccountID").AsInteger();
     std::optional<int> year;
     if (!qryGLAccnt.FieldByName("GLYear").IsNull())
         year = static_cast<int>(qryGLAccnt.FieldByName("GLYear").AsInteger());
-    App().SingleForm<TfrmGLHistory>(Db(), registry_, main_).ShowAccount(account, year);
+    App().SingleForm<TfrmGLHistory>(Db()).ShowAccount(account, year);
 }
 
 void TfrmGLBalances::ShowBudget() {
-    if (main_ && !main_->CheckUserAccess("GLBudget", "GL Budget")) return;
-    const shell::FormFactory* factory = registry_ ? registry_->Find("frmGLBudget") : nullptr;
-    if (factory) {
-        shell::FormContext context{App(), Db(), main_};
-        (*factory)(context).Show();
+    if (!App().CheckAccess("GLBudget", "GL Budget")) return;
+    if (ui::Form* budget = App().OpenForm("frmGLBudget")) {
+        budget->Show();
         return;
     }
     // The same words as the main menu's entry for a form the program does not have yet.

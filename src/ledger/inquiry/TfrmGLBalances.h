@@ -1,7 +1,6 @@
 #pragma once
 
 #include "ledger/inquiry/PeriodColumns.h"
-#include "shell/main/FormRegistry.h"
 #include "shell/patterns/ListForm.h"
 #include "ui/MenuItem.h"
 #include "ui/ToolBar.h"
@@ -18,11 +17,8 @@ class TfrmGLBalancesFilter;
 // an account nothing was posted to still has its row. Nothing here is edited.
 class TfrmGLBalances : public shell::ListForm {
 public:
-    // registry and main reach the history and budget forms and the user's rights; either may be
-    // null in a test of the form on its own.
-    TfrmGLBalances(ui::Application& app, store::Database& db,
-                   const shell::FormRegistry* registry = nullptr,
-                   shell::TfrmCorvane* main = nullptr);
+    // The budget form and the user's rights come through the program's form service.
+    TfrmGLBalances(ui::Application& app, store::Database& db);
     ~TfrmGLBalances() override;
 
     store::Query& qryGLAccnt = MainQuery;
@@ -65,8 +61,6 @@ private:
     void SortBy(ui::MenuItem& item, std::string orderBy, const char* fieldName);
     void Requery();
 
-    const shell::FormRegistry* registry_;
-    shell::TfrmCorvane* main_;
     TfrmGLBalancesFilter* filter_ = nullptr;
     std::string where_;
     std::string orderBy_;

@@ -1,6 +1,7 @@
 #include "ledger/inquiry/TfrmGLHistory.h"
 
 #include "core/Exception.h"
+#include "ledger/domain/VoucherTexts.h"
 #include "ledger/inquiry/AccountFind.h"
 #include "ledger/inquiry/HistoryLineFields.h"
 #include "ledger/inquiry/InquiryList.h"
@@ -8,7 +9,6 @@
 #include "ledger/reports/ListView.h"
 #include "ledger/reports/TrptGLHistory.h"
 #include "ledger/vouchers/TfrmJV.h"
-#include "ledger/domain/VoucherTexts.h"
 #include "reports/export/ListExport.h"
 #include "reports/run/PreviewReport.h"
 #include "ui/Application.h"
@@ -27,11 +27,10 @@ std::string DocumentName(std::string_view source, std::string_view transType) {
 
 } // namespace
 
-TfrmGLHistory::TfrmGLHistory(ui::Application& app, store::Database& db,
-                             const shell::FormRegistry* registry, shell::TfrmCorvane* main)
+TfrmGLHistory::TfrmGLHistory(ui::Application& app, store::Database& db)
     : ListForm(app, "frmGLHistory", "GL History", db, "GLHist", "tblGLHist", "GLHistID"),
       tblGLAccnt(db, "GLAccnt"), tblGLAcSub1(db, "GLAcSub1"), tblGLAcSub2(db, "GLAcSub2"),
-      tblGLAcSub3(db, "GLAcSub3"), registry_(registry), main_(main) {
+      tblGLAcSub3(db, "GLAcSub3") {
     int level = 0;
     for (store::Table* table : {&tblGLAccnt, &tblGLAcSub1, &tblGLAcSub2, &tblGLAcSub3}) {
         table->Name = level == 0 ? "tblGLAccnt" : "tblGLAcSub" + std::to_string(level);
@@ -147,12 +146,6 @@ shell::FilterForm* TfrmGLHistory::Filter() {
 }
 
 TfrmJV& TfrmGLHistory::VoucherForm() {
-    // Through the registry when there is one, so that the voucher form reaches the accounts list.
-    if (registry_)
-        if (const shell::FormFactory* factory = registry_->Find("frmJV")) {
-            shell::FormContext context{App(), Db(), main_};
-            if (auto* form = dynamic_cast<TfrmJV*>(&(*factory)(context))) return *form;
-        }
     return App().SingleForm<TfrmJV>(Db());
 }
 

@@ -1,6 +1,5 @@
 #pragma once
 
-#include "shell/main/FormRegistry.h"
 #include "shell/patterns/ListForm.h"
 #include "store/Table.h"
 #include "ui/MenuItem.h"
@@ -18,11 +17,7 @@ class TfrmJV;
 // a line one opens its voucher, the document behind it, or a new voucher copied from it.
 class TfrmGLHistory : public shell::ListForm {
 public:
-    // registry and main open the voucher form as the program registered it; either may be null in
-    // a test of the form on its own.
-    TfrmGLHistory(ui::Application& app, store::Database& db,
-                  const shell::FormRegistry* registry = nullptr,
-                  shell::TfrmCorvane* main = nullptr);
+    TfrmGLHistory(ui::Application& app, store::Database& db);
     ~TfrmGLHistory() override;
 
     static constexpr const char* kAllIndex = "PeriodDateJVDESC";
@@ -65,8 +60,6 @@ private:
     // The voucher of the current line, or the message that it is gone.
     std::int64_t CurrentVoucherId();
 
-    const shell::FormRegistry* registry_;
-    shell::TfrmCorvane* main_;
     TfrmGLHistoryFilter* filter_ = nullptr;
     int accountType_ = 0;
 };

@@ -14,7 +14,6 @@
 #include "ledger/vouchers/JVImport.h"
 #include "ledger/vouchers/NumberBox.h"
 #include "ledger/vouchers/TfrmImportJVData.h"
-#include "shell/main/TfrmCorvane.h"
 #include "store/EngineError.h"
 #include "store/Query.h"
 #include "store/tables/CompanyTables.h"
@@ -126,7 +125,7 @@ TfrmJV::TfrmJV(ui::Application& app, store::Database& db)
     popImport.OnClick = [this] { ImportJVData(); };
     btnHelp.OnClick = [this] { ShowHelp(); };
     btnGLAccounts.OnClick = [this] {
-        if (OpenRegisteredForm) OpenRegisteredForm("frmGLAccounts");
+        if (ui::Form* accounts = App().OpenForm("frmGLAccounts")) accounts->Show();
     };
     OnShow = [this] {
         StartFromSaved();
@@ -536,7 +535,7 @@ void TfrmJV::ImportLines(const std::string& fileName) {
 
 void TfrmJV::ShowHelp() {
     // The program's help is the main form's: one place says what there is of it.
-    if (auto* main = dynamic_cast<shell::TfrmCorvane*>(App().MainForm())) main->ShowHelp(*this);
+    if (App().OnHelp) App().OnHelp(*this);
 }
 
 void TfrmJV::DeleteLine() {

@@ -76,8 +76,6 @@ public:
     void ImportLines(const std::string& fileName);
     // The scratch table holding the lines shown, in the "memory" database.
     const std::string& LinesTableName() const { return linesTable_; }
-    // Opens the form named in the registry (the accounts list); set by whoever registers the form.
-    std::function<void(const std::string& formName)> OpenRegisteredForm;
 
 protected:
     std::string KeyViolationMessage() const override;

@@ -13,7 +13,6 @@
 #include "ledger/vouchers/TfrmJVsFilter.h"
 #include "ledger/vouchers/TfrmJVsFind.h"
 #include "reports/run/PreviewReport.h"
-#include "shell/main/TfrmCorvane.h"
 #include "store/Query.h"
 #include "ui/Application.h"
 
@@ -21,8 +20,7 @@ namespace corvane::ledger {
 
 namespace text = voucher_text;
 
-TfrmJVs::TfrmJVs(ui::Application& app, store::Database& db, const shell::FormRegistry* registry,
-                 shell::TfrmCorvane* main)
+TfrmJVs::TfrmJVs(ui::Application& app, store::Database& db)
     : ListForm(app, "frmJVs", "Journal Vouchers", db, "JV", "tblJV", "JVID"),
       mnuSortPeriod(
           AddSortEntry("mnuSortPeriod", "&Period ascending", "Periodppyyyy", "PeriodJVNumber")),
@@ -34,8 +32,7 @@ TfrmJVs::TfrmJVs(ui::Application& app, store::Database& db, const shell::FormReg
       mnuSortPeriodDateDesc(AddSortEntry("mnuSortPeriodDateDesc", "Period and date d&escending",
                                          "TransDate", "PeriodDateJVNumberDESC")),
       mnuSortDescription(AddSortEntry("mnuSortDescription", "De&scription", "TransDescription",
-                                      "Description_PeriodJVNumberDESC")),
-      registry_(registry), main_(main) {
+                                      "Description_PeriodJVNumberDESC")) {
     AddListFields();
     grdList.AddColumn("Periodppyyyy", "Period", 64);
     grdList.AddColumn("JVNumber", "JV no.", 64);
@@ -44,8 +41,8 @@ TfrmJVs::TfrmJVs(ui::Application& app, store::Database& db, const shell::FormReg
     grdList.AddColumn("SourceType", "Source", 56);
     grdList.AddColumn("JVAmount", "Amount", 90);
     mnuFind.Visible = true;
-    mnuPost.Visible = registry_ && registry_->Find("frmJVsPost");
-    mnuHistory.Visible = registry_ && registry_->Find("frmGLHistory");
+    mnuPost.Visible = App().HasForm("frmJVsPost");
+    mnuHistory.Visible = App().HasForm("frmGLHistory");
 
     // A voucher and its lines go together, in one transaction.
     mnuDelete.OnClick = popDelete.OnClick = [this] { RemoveVoucher(); };
@@ -83,12 +80,7 @@ void TfrmJVs::SortByTitle(ui::GridColumn& column) {
 }
 
 TfrmJV& TfrmJVs::VoucherForm() {
-    TfrmJV& form = App().SingleForm<TfrmJV>(Db());
-    if (registry_ && !form.OpenRegisteredForm)
-        form.OpenRegisteredForm = [this](const std::string& name) {
-            if (ui::Form* f = MakeRegistered(name)) f->Show();
-        };
-    return form;
+    return App().SingleForm<TfrmJV>(Db());
 }
 
 shell::EntryForm& TfrmJVs::Entry() {
@@ -113,14 +105,6 @@ void TfrmJVs::PrintVoucher() {
 
 shell::FindForm* TfrmJVs::Find() {
     return &App().SingleForm<TfrmJVsFind>(static_cast<shell::ListForm&>(*this));
-}
-
-ui::Form* TfrmJVs::MakeRegistered(std::string_view name) {
-    if (!registry_ || name.empty()) return nullptr;
-    const shell::FormFactory* factory = registry_->Find(name);
-    if (!factory) return nullptr;
-    shell::FormContext context{App(), Db(), main_};
-    return &(*factory)(context);
 }
 
 void TfrmJVs::FollowVoucher(TfrmJV& form) {
@@ -170,7 +154,7 @@ void TfrmJVs::CopyVoucher() {
 }
 
 void TfrmJVs::PostVouchers() {
-    ui::Form* post = MakeRegistered("frmJVsPost");
+    ui::Form* post = App().OpenForm("frmJVsPost");
     if (!post) return;
     // The dialog is made for this one run: it goes when it closes, however it closes, so that
     // the next Post makes a fresh one.
@@ -183,8 +167,8 @@ void TfrmJVs::PostVouchers() {
 }
 
 void TfrmJVs::OpenHistory() {
-    if (main_ && !main_->CheckUserAccess("GLHistory", "GL History")) return;
-    ui::Form* form = MakeRegistered("frmGLHistory");
+    if (!App().CheckAccess("GLHistory", "GL History")) return;
+    ui::Form* form = App().OpenForm("frmGLHistory");
     auto* history = dynamic_cast<TfrmGLHistory*>(form);
     if (!history) {
         if (form) form->Show();

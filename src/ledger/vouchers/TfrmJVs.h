@@ -1,6 +1,5 @@
 #pragma once
 
-#include "shell/main/FormRegistry.h"
 #include "shell/patterns/ListForm.h"
 #include "ui/MenuItem.h"
 #include "ui/ToolBar.h"
@@ -13,10 +12,9 @@ class TfrmJV;
 // a posted one opens to be looked at and unposted, not edited.
 class TfrmJVs : public shell::ListForm {
 public:
-    // registry and context open the forms of other parts of the ledger (posting, history);
+    // Posting and history are other forms of the program, opened through its form service;
     // without them those commands are hidden.
-    TfrmJVs(ui::Application& app, store::Database& db,
-            const shell::FormRegistry* registry = nullptr, shell::TfrmCorvane* main = nullptr);
+    TfrmJVs(ui::Application& app, store::Database& db);
 
     store::Table& tblJV = MainTable;
     ui::MenuItem& mnuSortPeriod;
@@ -51,11 +49,6 @@ private:
     void RemoveVoucher();
     void FollowVoucher(TfrmJV& form);
     void SortByTitle(ui::GridColumn& column);
-    // Opens a form of the registry; false when nobody registered it.
-    ui::Form* MakeRegistered(std::string_view name);
-
-    const shell::FormRegistry* registry_;
-    shell::TfrmCorvane* main_;
 };
 
 } // namespace corvane::ledger

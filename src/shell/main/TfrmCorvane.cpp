@@ -1,5 +1,7 @@
 #include "shell/main/TfrmCorvane.h"
+
 #include "shell/main/HelpTopics.h"
+#include "shell/patterns/ListForm.h"
 
 #include "shell/main/BackgroundIntegrity.h"
 
@@ -38,6 +40,7 @@ TfrmCorvane::TfrmCorvane(ui::Application& app, const FormRegistry& registry,
                          std::vector<std::string> commandLine)
     : Form(app, "frmCorvane"), registry_(registry), commandLine_(std::move(commandLine)) {
     using namespace ui;
+    App().SetFormService(this);
     integrity_ = std::make_unique<BackgroundIntegrity>(App());
     KeyPreview = true;
     BuildFolders();
@@ -110,6 +113,7 @@ TfrmCorvane::TfrmCorvane(ui::Application& app, const FormRegistry& registry,
 }
 
 TfrmCorvane::~TfrmCorvane() {
+    App().SetFormService(nullptr);
     integrity_.reset();
     EditErrorHook::Install(nullptr);
 }
@@ -286,6 +290,25 @@ void TfrmCorvane::OpenEntryForm(const MainMenuEntry& entry) {
     FormContext ctx{App(), Database, this};
     ui::Form* existing = App().FindForm(entry.Form);
     OpenFormFromMenu(entry, existing, [&]() -> ui::Form& { return (*factory)(ctx); });
+}
+
+bool TfrmCorvane::HasForm(std::string_view name) const {
+    return registry_.Find(name) != nullptr;
+}
+
+ui::Form* TfrmCorvane::OpenForm(std::string_view name) {
+    const FormFactory* factory = registry_.Find(name);
+    if (!factory) return nullptr;
+    FormContext ctx{App(), Database, this};
+    return &(*factory)(ctx);
+}
+
+bool TfrmCorvane::PrintList(ui::Form& list) {
+    const ListPrinter* printer = registry_.FindListPrinter(list.Name());
+    auto* shown = dynamic_cast<ListForm*>(&list);
+    if (!printer || !shown) return false;
+    (*printer)(*shown);
+    return true;
 }
 
 void TfrmCorvane::SettingsClick() {

@@ -9,6 +9,7 @@
 #include "store/Table.h"
 #include "ui/ComboBox.h"
 #include "ui/Form.h"
+#include "ui/FormService.h"
 #include "ui/Label.h"
 #include "ui/Menu.h"
 #include "ui/MenuItem.h"
@@ -35,7 +36,7 @@ class FormRegistry;
 // tables and the routines every form calls (open a company, log in, check a right, the edit
 // error handler). Every working form is a window of its own, opened from here through the form
 // registry by its component name.
-class TfrmCorvane : public ui::Form, public CompanyShell {
+class TfrmCorvane : public ui::Form, public CompanyShell, public ui::FormService {
 public:
     static constexpr const char* ApplicationTitle = "Corvane Professional Time Billing";
     static constexpr const char* VersionMark = "2017.8";
@@ -106,6 +107,14 @@ public:
     bool CheckLogin() override;
     // True when the user holds the right (a Users field); else says who is refused what.
     bool CheckUserAccess(const std::string& right, const std::string& displayName = {});
+
+    // The form service of the whole program: the registry's forms, made in the open company.
+    bool HasForm(std::string_view name) const override;
+    ui::Form* OpenForm(std::string_view name) override;
+    bool CheckAccess(const std::string& right, const std::string& displayName) override {
+        return CheckUserAccess(right, displayName);
+    }
+    bool PrintList(ui::Form& list) override;
     // Opens the user's guide at the topic of the form (its contents for the main form's Help).
     void ShowHelp(const ui::Form& form);
     void EnableMainMenus(bool enabled) override;

@@ -2,7 +2,6 @@
 
 #include "core/Exception.h"
 #include "shell/main/FormRegistry.h"
-#include "shell/main/TfrmCorvane.h"
 #include "shell/patterns/EditErrorHook.h"
 #include "shell/patterns/EntryForm.h"
 #include "shell/patterns/FilterForm.h"
@@ -84,9 +83,7 @@ void ListForm::Init() {
 ListForm::~ListForm() = default;
 
 void ListForm::Print() {
-    auto* main = dynamic_cast<TfrmCorvane*>(App().MainForm());
-    if (!main) return;
-    if (const ListPrinter* printer = main->Registry().FindListPrinter(Name())) (*printer)(*this);
+    App().PrintList(*this);
 }
 
 std::vector<store::Value> ListForm::CurrentKey() {

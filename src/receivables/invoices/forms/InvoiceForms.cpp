@@ -10,8 +10,8 @@
 namespace corvane::receivables {
 
 void RegisterInvoiceForms(shell::FormRegistry& registry) {
-    registry.Register("frmARInvoices", [&registry](shell::FormContext& ctx) -> ui::Form& {
-        return ctx.App.SingleForm<TfrmARInvoices>(ctx.Db, &registry, ctx.Main);
+    registry.Register("frmARInvoices", [](shell::FormContext& ctx) -> ui::Form& {
+        return ctx.App.SingleForm<TfrmARInvoices>(ctx.Db);
     });
     registry.Register("frmARInvoice", [](shell::FormContext& ctx) -> ui::Form& {
         return ctx.App.SingleForm<TfrmARInvoice>(ctx.Db);

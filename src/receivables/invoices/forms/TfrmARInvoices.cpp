@@ -13,12 +13,11 @@
 
 namespace corvane::receivables {
 
-TfrmARInvoices::TfrmARInvoices(ui::Application& app, store::Database& db,
-                               const shell::FormRegistry* registry, shell::TfrmCorvane* main)
+TfrmARInvoices::TfrmARInvoices(ui::Application& app, store::Database& db)
     : ListForm(app, "frmARInvoices", "AR Invoices", db, "ARInv", "tblARInv", "ARInvoiceID"),
       mnuSortDate(AddSortEntry("mnuSortDate", "&Date", "InvoiceDate", "InvoiceDateInvoiceNoDESC")),
       mnuSortInvoiceNo(AddSortEntry("mnuSortInvoiceNo", "&Invoice no.", "InvoiceNo", "InvoiceNo")),
-      registry_(registry), main_(main), tblCustomer(db, "Customer") {
+      tblCustomer(db, "Customer") {
     tblCustomer.Open();
     AddListFields();
     grdList.AddColumn("InvoiceDate", "Date", 90);
@@ -33,7 +32,7 @@ TfrmARInvoices::TfrmARInvoices(ui::Application& app, store::Database& db,
     grdList.AddColumn("Printed", "Printed", 50);
     grdList.AddColumn("Posted", "Posted", 50);
     mnuOutstanding.Visible = true;
-    mnuPost.Visible = registry_ && registry_->Find("frmARInvoicesPost");
+    mnuPost.Visible = App().HasForm("frmARInvoicesPost");
     mnuDelete.OnClick = popDelete.OnClick = tbnDelete.OnClick = [this] { DeleteInvoice(); };
     mnuCopy.OnClick = [this] { CopyInvoice(); };
     mnuPost.OnClick = [this] { PostInvoices(); };
@@ -114,7 +113,7 @@ TfrmARInvoice& TfrmARInvoices::InvoiceForm() {
     };
     if (!form.OpenPayment)
         form.OpenPayment = [this, &form] {
-            if (ui::Form* pop = MakeRegistered("frmARInvoicePOSPmt")) pop->ShowModal();
+            if (ui::Form* pop = App().OpenForm("frmARInvoicePOSPmt")) pop->ShowModal();
             (void)form;
         };
     return form;
@@ -124,16 +123,8 @@ shell::EntryForm& TfrmARInvoices::Entry() {
     return InvoiceForm();
 }
 
-ui::Form* TfrmARInvoices::MakeRegistered(std::string_view name) {
-    if (!registry_ || name.empty()) return nullptr;
-    const shell::FormFactory* factory = registry_->Find(name);
-    if (!factory) return nullptr;
-    shell::FormContext context{App(), Db(), main_};
-    return &(*factory)(context);
-}
-
 void TfrmARInvoices::NewRecord() {
-    if (ui::Form* selection = MakeRegistered("frmARInvoiceNew")) {
+    if (ui::Form* selection = App().OpenForm("frmARInvoiceNew")) {
         if (selection->ShowModal() != ui::mrOK) return;
         const auto* choice = dynamic_cast<const NewInvoiceChoice*>(selection);
         if (choice && !choice->ManualChosen()) {
@@ -168,13 +159,13 @@ void TfrmARInvoices::CopyInvoice() {
 }
 
 void TfrmARInvoices::PostInvoices() {
-    ui::Form* post = MakeRegistered("frmARInvoicesPost");
+    ui::Form* post = App().OpenForm("frmARInvoicesPost");
     if (!post) return;
     const ui::ModalResult result = post->ShowModal();
     RefreshList();
     // The vouchers the run wrote go to the ledger at once, if the user agrees there.
     if (result == ui::mrOK)
-        if (ui::Form* vouchers = MakeRegistered("frmJVsPost")) vouchers->ShowModal();
+        if (ui::Form* vouchers = App().OpenForm("frmJVsPost")) vouchers->ShowModal();
 }
 
 void TfrmARInvoices::PrintInvoices(std::optional<std::int64_t> arInvoiceId) {
@@ -199,7 +190,7 @@ void TfrmARInvoices::ShowPayments() {
     q.ParamByName("ID").SetValue(tblARInv.FieldByName("ARInvoiceID").AsValue());
     q.Open();
     if (q.IsEmpty()) throw Exception("No payments exist for invoice '" + no + "'.");
-    if (ui::Form* list = MakeRegistered("frmARInvoicePayments")) list->Show();
+    if (ui::Form* list = App().OpenForm("frmARInvoicePayments")) list->Show();
 }
 
 } // namespace corvane::receivables

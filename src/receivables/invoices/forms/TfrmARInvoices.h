@@ -1,6 +1,5 @@
 #pragma once
 
-#include "shell/main/FormRegistry.h"
 #include "shell/patterns/ListForm.h"
 #include "ui/MenuItem.h"
 #include "ui/ToolBar.h"
@@ -18,9 +17,7 @@ class TfrmARInvoice;
 // into vouchers and offers the vouchers' posting at once.
 class TfrmARInvoices : public shell::ListForm {
 public:
-    TfrmARInvoices(ui::Application& app, store::Database& db,
-                   const shell::FormRegistry* registry = nullptr,
-                   shell::TfrmCorvane* main = nullptr);
+    TfrmARInvoices(ui::Application& app, store::Database& db);
 
     store::Table& tblARInv = MainTable;
     ui::MenuItem& mnuSortDate;
@@ -57,11 +54,8 @@ protected:
 
 private:
     TfrmARInvoice& InvoiceForm();
-    ui::Form* MakeRegistered(std::string_view name);
     void AddListFields();
 
-    const shell::FormRegistry* registry_;
-    shell::TfrmCorvane* main_;
     store::Table tblCustomer;
 };
 

@@ -40,8 +40,8 @@ void ConnectChoosers(TfrmARPayment& payment, shell::FormContext& ctx) {
 } // namespace
 
 void RegisterPaymentForms(shell::FormRegistry& registry) {
-    registry.Register("frmARPayments", [&registry](shell::FormContext& ctx) -> ui::Form& {
-        return ctx.App.SingleForm<TfrmARPayments>(ctx.Db, &registry, ctx.Main);
+    registry.Register("frmARPayments", [](shell::FormContext& ctx) -> ui::Form& {
+        return ctx.App.SingleForm<TfrmARPayments>(ctx.Db);
     });
     registry.Register("frmARPayment", [](shell::FormContext& ctx) -> ui::Form& {
         auto& payment = ctx.App.SingleForm<TfrmARPayment>(ctx.Db);

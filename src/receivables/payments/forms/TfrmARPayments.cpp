@@ -12,12 +12,11 @@
 
 namespace corvane::receivables {
 
-TfrmARPayments::TfrmARPayments(ui::Application& app, store::Database& db,
-                               const shell::FormRegistry* registry, shell::TfrmCorvane* main)
+TfrmARPayments::TfrmARPayments(ui::Application& app, store::Database& db)
     : ListForm(app, "frmARPayments", "AR Payments", db, "ARPmt", "tblARPmt", "PaymentID"),
       mnuSortDate(AddSortEntry("mnuSortDate", "&Date", "PaymentDate", "PaymentDateChequeNoDESC")),
       mnuSortReference(AddSortEntry("mnuSortReference", "&Reference", "ChequeNo", "ChequeNo")),
-      registry_(registry), main_(main), tblCustomer(db, "Customer"), tblBank(db, "Bank") {
+      tblCustomer(db, "Customer"), tblBank(db, "Bank") {
     tblCustomer.Open();
     tblBank.Open();
     AddListFields();
@@ -31,7 +30,7 @@ TfrmARPayments::TfrmARPayments(ui::Application& app, store::Database& db,
     grdList.AddColumn("Posted", "Posted", 50);
     grdList.AddColumn("Reconciled", "Reconciled", 70);
     mnuOutstanding.Visible = true;
-    mnuPost.Visible = registry_ && registry_->Find("frmARPaymentsPost");
+    mnuPost.Visible = App().HasForm("frmARPaymentsPost");
     mnuDelete.OnClick = popDelete.OnClick = tbnDelete.OnClick = [this] { DeletePayment(); };
     // With no payment to edit, Edit starts a new one.
     mnuEdit.OnClick = popEdit.OnClick = tbnEdit.OnClick = [this] {
@@ -115,7 +114,7 @@ shell::FilterForm* TfrmARPayments::Filter() {
 
 TfrmARPayment& TfrmARPayments::PaymentForm() {
     // Through the program's registration, which gives the payment its choosers.
-    auto* registered = dynamic_cast<TfrmARPayment*>(MakeRegistered("frmARPayment"));
+    auto* registered = dynamic_cast<TfrmARPayment*>(App().OpenForm("frmARPayment"));
     TfrmARPayment& form = registered ? *registered : App().SingleForm<TfrmARPayment>(Db());
     form.AfterSave = [this](shell::EntryForm& saved) {
         store::Value id = saved.EntryTable.FieldByName("PaymentID").AsValue();
@@ -127,14 +126,6 @@ TfrmARPayment& TfrmARPayments::PaymentForm() {
 
 shell::EntryForm& TfrmARPayments::Entry() {
     return PaymentForm();
-}
-
-ui::Form* TfrmARPayments::MakeRegistered(std::string_view name) {
-    if (!registry_ || name.empty()) return nullptr;
-    const shell::FormFactory* factory = registry_->Find(name);
-    if (!factory) return nullptr;
-    shell::FormContext context{App(), Db(), main_};
-    return &(*factory)(context);
 }
 
 void TfrmARPayments::DeletePayment() {
@@ -160,13 +151,13 @@ void TfrmARPayments::ShowCustomer() {
 }
 
 void TfrmARPayments::PostPayments() {
-    ui::Form* post = MakeRegistered("frmARPaymentsPost");
+    ui::Form* post = App().OpenForm("frmARPaymentsPost");
     if (!post) return;
     const ui::ModalResult result = post->ShowModal();
     RefreshList();
     // The vouchers the run wrote go to the ledger at once, if the user agrees there.
     if (result == ui::mrOK)
-        if (ui::Form* vouchers = MakeRegistered("frmJVsPost")) vouchers->ShowModal();
+        if (ui::Form* vouchers = App().OpenForm("frmJVsPost")) vouchers->ShowModal();
 }
 
 } // namespace corvane::receivables

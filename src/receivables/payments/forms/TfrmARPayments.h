@@ -1,6 +1,5 @@
 #pragma once
 
-#include "shell/main/FormRegistry.h"
 #include "shell/patterns/ListForm.h"
 #include "ui/MenuItem.h"
 #include "ui/ToolBar.h"
@@ -16,9 +15,7 @@ class TfrmARPaymentsFilter;
 // applies the unposted ones to their invoices and offers the vouchers' posting at once.
 class TfrmARPayments : public shell::ListForm {
 public:
-    TfrmARPayments(ui::Application& app, store::Database& db,
-                   const shell::FormRegistry* registry = nullptr,
-                   shell::TfrmCorvane* main = nullptr);
+    TfrmARPayments(ui::Application& app, store::Database& db);
 
     store::Table& tblARPmt = MainTable;
     ui::MenuItem& mnuSortDate;
@@ -41,13 +38,10 @@ protected:
 
 private:
     TfrmARPayment& PaymentForm();
-    ui::Form* MakeRegistered(std::string_view name);
     void AddListFields();
     // The filter dialog's criteria and the outstanding view together on the list.
     void ApplyFilters();
 
-    const shell::FormRegistry* registry_;
-    shell::TfrmCorvane* main_;
     store::Table tblCustomer, tblBank;
     TfrmARPaymentsFilter* filter_ = nullptr;
 };
