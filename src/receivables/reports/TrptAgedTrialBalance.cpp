@@ -59,7 +59,7 @@ TrptAgedTrialBalance::TrptAgedTrialBalance(store::Database& db, ARReportOptions 
     : tblCustomer(db, "Customer"),
       qryAging(db, AgingStatement(summary ? AgingShape::Customers : AgingShape::Invoices, options,
                                   true)),
-      qryNext(db, qryAging.SQL()), db_(db), options_(std::move(options)) {
+      db_(db), options_(std::move(options)) {
     Build(db, summary);
 }
 
@@ -100,11 +100,15 @@ void TrptAgedTrialBalance::Build(store::Database& db, bool summary) {
 
     // One group for each customer: its heading, its invoices under it, its sums.
     TQRGroup& customer = QuickReport.AddGroup("CustomerID", summary ? 0 : 16);
-    customer.BeforePrint = [this](TQRBand&, bool&) {
+    // A customer who owed nothing on the date prints nothing at all.
+    customer.BeforePrint = [this](TQRBand&, bool& print) {
         ReadInvoices(qryAging, tblCustomer.FieldByName("CustomerID").AsInteger());
+        owes_ = !qryAging.IsEmpty();
+        print = owes_;
     };
     TQRSubDetail& detail = QuickReport.AddSubDetail(qryAging, summary ? 0 : 12);
     TQRBand& footer = customer.FooterBand(summary ? 12 : 24);
+    footer.BeforePrint = [this](TQRBand&, bool& print) { print = owes_; };
     if (summary) {
         // A customer is one line: its invoices are summed but never shown.
         auto& name = footer.Add<TQRDBText>(nullptr, "CustomerNamePhone");
@@ -184,8 +188,8 @@ void TrptAgedTrialBalance::ReadInvoices(store::Query& query, std::int64_t custom
     query.Open();
 }
 
-// A customer prints when it is one the options name, passes the thresholds, and owed something
-// on the date.
+// A customer is read when it is one the options name and passes the thresholds; whether it owed
+// anything on the date is known once its invoices are read.
 bool TrptAgedTrialBalance::Prints(store::DataSet& customer) {
     const std::int64_t id = customer.FieldByName("CustomerID").AsInteger();
     if (options_.CustomerID && *options_.CustomerID != id) return false;
@@ -197,9 +201,7 @@ bool TrptAgedTrialBalance::Prints(store::DataSet& customer) {
         return false;
     if (!options_.Thresholds.Pass(sums_->Find(id), options_.AsOf)) return false;
     // A customer without a currency row drops out of the invoices' join, as in the lists.
-    if (!rates_.count(customer.FieldByName("CurrencyID").AsInteger())) return false;
-    ReadInvoices(qryNext, id);
-    return !qryNext.IsEmpty();
+    return rates_.count(customer.FieldByName("CurrencyID").AsInteger()) > 0;
 }
 
 void TrptAgedTrialBalance::Open() {
@@ -210,12 +212,10 @@ void TrptAgedTrialBalance::Open() {
     currencies.ForEachRow([this](const std::vector<store::Value>& row) {
         rates_[row[0].Int()] = row[1].IsNull() ? 0.0 : row[1].Float();
     });
-    // The two statements run once for each customer: translated and prepared once for the run.
+    // The statement runs once for each customer: translated and prepared once for the run.
     qryAging.Close();
     qryAging.Prepare();
     BindOptions(qryAging, options_);
-    qryNext.Close();
-    qryNext.Prepare();
     tblCustomer.Close();
     tblCustomer.Open();
     tblCustomer.SetFiltered(true);

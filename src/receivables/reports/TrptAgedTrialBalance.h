@@ -23,8 +23,8 @@ public:
     TrptAgedTrialBalance(store::Database& db, ARReportOptions options);
 
     store::Table tblCustomer;
-    // The open invoices of the customer being printed, and of the one the walk looks at next.
-    store::Query qryAging, qryNext;
+    // The open invoices of the customer being printed.
+    store::Query qryAging;
 
     void Open() override;
     // Whether some customer printed the domestic line, which names the report's totals.
@@ -44,6 +44,7 @@ private:
     std::unique_ptr<CustomerOpenSums> sums_;
     std::map<std::int64_t, double> rates_;
     bool anyDomestic_ = false;
+    bool owes_ = false; // the customer being printed had open invoices on the date
 };
 
 // "Aged Receivables Summary": the customers' lines of the aged receivables, without invoices.
