@@ -40,7 +40,7 @@ TfrmARPayments::TfrmARPayments(ui::Application& app, store::Database& db)
             EditRecord();
     };
     mnuPost.OnClick = [this] { PostPayments(); };
-    mnuCustomer.Visible = registry_ && registry_->Find("frmCustomer");
+    mnuCustomer.Visible = App().HasForm("frmCustomer");
     mnuCustomer.OnClick = [this] { ShowCustomer(); };
     mnuOutstanding.OnClick = [this] { ToggleOutstanding(); };
     mnuFind.Visible = true;
@@ -142,7 +142,7 @@ void TfrmARPayments::DeletePayment() {
 void TfrmARPayments::ShowCustomer() {
     if (tblARPmt.IsEmpty()) return;
     const store::Value customer = tblARPmt.FieldByName("CustomerID").AsValue();
-    auto* entry = dynamic_cast<shell::EntryForm*>(MakeRegistered("frmCustomer"));
+    auto* entry = dynamic_cast<shell::EntryForm*>(App().OpenForm("frmCustomer"));
     if (!entry || customer.IsNull()) return;
     if (!entry->EntryTable.Locate("CustomerID", {customer}))
         throw Exception("The record has been deleted by another user");
