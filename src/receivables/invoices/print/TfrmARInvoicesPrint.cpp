@@ -37,6 +37,8 @@ TfrmARInvoicesPrint::TfrmARInvoicesPrint(ui::Application& app, store::Database& 
     }
     lblCount.Caption = CountText(invoices_.size(), "printed");
     SetLayout(Column{lblCount, ButtonRow{btnPrint, btnCancel}});
+    // Wide enough for the caption, which the two buttons alone would cut.
+    ClientWidth = 340;
     btnPrint.Default = true;
     btnCancel.Cancel = true;
     btnPrint.Enabled = !invoices_.empty();
