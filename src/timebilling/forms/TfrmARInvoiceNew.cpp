@@ -110,12 +110,13 @@ void TfrmARInvoiceNew::NarrowJobs() {
 std::optional<AutoCreateRequest> TfrmARInvoiceNew::ReadRequest() {
     AutoCreateRequest request;
     std::optional<int> year, period;
-    const std::string_view yearText = TrimBlanks(editYear.Text());
+    // Kept as strings: the boxes hand out copies, and a view of one would outlive it.
+    const std::string yearText(TrimBlanks(editYear.Text()));
     if (!yearText.empty()) {
         editYear.SetFocus();
         year = ledger::TwoDigitYear(yearText, text::YearInvalid);
     }
-    const std::string_view periodText = TrimBlanks(editPeriod.Text());
+    const std::string periodText(TrimBlanks(editPeriod.Text()));
     if (!periodText.empty()) {
         int number = 0;
         const auto [end, error] =
