@@ -59,7 +59,8 @@ TEST_F(JobFormTest, NewJobIsCheckedInOrderAndItsTasksAreTypedIntoTheGrid) {
               "Field 'Task Name' must have a value...\nMake changes or press Esc to undo");
     f.EnterCell("grdTasks", "TaskName", "Build");
     f.Click("btnOK");
-    EXPECT_FALSE(form.Visible());
+    // Saved and closed: the form is freed with its OK.
+    EXPECT_EQ(app.FindForm("frmJob"), nullptr);
     EXPECT_EQ(Lines(1), "Plans,Site visits,Build");
     EXPECT_EQ(Scalar("SELECT DueDateEntered FROM Job"), "B");
     EXPECT_EQ(d.GridRow("grdList")[3], "Office fit-out");

@@ -65,7 +65,8 @@ TEST_F(TimeSheetFormTest, EveryRefusalInOrderThenTheRowSaves) {
             "invoicing info");
     f.Choose("cboTask", "Draw");
     f.Click("btnOK");
-    EXPECT_FALSE(form.Visible());
+    // Saved and closed: the form is freed with its OK.
+    EXPECT_EQ(app.FindForm("frmTimeSheet"), nullptr);
     EXPECT_EQ(Scalar("SELECT Hours FROM TimeSht"), "0");
 }
 

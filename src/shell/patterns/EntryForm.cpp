@@ -43,13 +43,16 @@ void EntryForm::SaveAndClose() {
 }
 
 void EntryForm::CancelAndClose() {
-    // No control redraws the half-typed record on its way back to browse.
-    EntryTable.DisableControls();
-    struct Enable {
-        store::DataSet& ds;
-        ~Enable() { ds.EnableControls(); }
-    } enable{EntryTable};
-    if (Editing(EntryTable)) EntryTable.Cancel();
+    {
+        // No control redraws the half-typed record on its way back to browse.
+        EntryTable.DisableControls();
+        struct Enable {
+            store::DataSet& ds;
+            ~Enable() { ds.EnableControls(); }
+        } enable{EntryTable};
+        if (Editing(EntryTable)) EntryTable.Cancel();
+    }
+    // Closing may free the form: nothing of it is touched after.
     Close();
 }
 

@@ -145,7 +145,7 @@ std::optional<AutoCreateRequest> TfrmARInvoiceNew::ReadRequest() {
     for (auto [edit, date, label] :
          {std::tuple{&editCutOffDate, &request.CutOff, "Cut-off Date"},
           std::tuple{&editInvoiceDate, &request.InvoiceDate, "Invoice Date"}}) {
-        const std::string_view typed = TrimBlanks(edit->Text());
+        const std::string typed(TrimBlanks(edit->Text()));
         edit->SetFocus();
         if (typed.empty()) throw Exception(text::MustHaveValue(label));
         *date = ParseEnteredDate(typed);
