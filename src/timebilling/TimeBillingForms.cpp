@@ -1,6 +1,5 @@
 #include "timebilling/TimeBillingForms.h"
 
-#include "banking/usage/FormRegistration.h"
 #include "reports/run/PreviewReport.h"
 #include "shell/main/FormRegistry.h"
 #include "timebilling/forms/TfrmARInvoiceNew.h"
@@ -60,7 +59,11 @@ void RegisterTimeBillingForms(shell::FormRegistry& registry) {
         list.MakeRegisteredForm = Opener(registry, ctx);
         return list;
     });
-    banking::RegisterListReport<TrptJobs>(registry, "frmJobs");
+    registry.RegisterListPrinter("frmJobs", [](shell::ListForm& list) {
+        auto& jobs = static_cast<TfrmJobs&>(list);
+        reports::PreviewReport(list.App(),
+                               std::make_unique<TrptJobs>(list.Db(), jobs.ReportOptions()));
+    });
     registry.RegisterListPrinter("frmTimeSheets", [](shell::ListForm& list) {
         auto report = std::make_unique<TrptTimeSheets>(list.Db());
         report->FollowList(list);

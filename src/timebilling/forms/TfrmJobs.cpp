@@ -54,6 +54,14 @@ void TfrmJobs::SetOutstanding(bool on) {
     view_.SetOutstanding(on, filter_);
 }
 
+JobsReportOptions TfrmJobs::ReportOptions() const {
+    JobsReportOptions options;
+    options.Outstanding = mnuOutstanding.Checked();
+    options.ByDueDate = SortIndexName() == "DueDatePriority";
+    if (filter_) filter_->Narrow(options);
+    return options;
+}
+
 shell::EntryForm& TfrmJobs::Entry() {
     TfrmJob& form = JobForm();
     FollowJob(form);

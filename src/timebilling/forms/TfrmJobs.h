@@ -2,6 +2,7 @@
 
 #include "shell/patterns/ListForm.h"
 #include "timebilling/forms/OutstandingView.h"
+#include "timebilling/reports/TrptJobs.h"
 
 #include <functional>
 #include <string_view>
@@ -36,6 +37,8 @@ public:
     // The selected job on a page of its own, with its tasks.
     void PrintJob();
     void SetOutstanding(bool on);
+    // What the list shows now, as the jobs report reads it.
+    JobsReportOptions ReportOptions() const;
 
 protected:
     shell::EntryForm& Entry() override;
