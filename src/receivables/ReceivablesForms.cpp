@@ -15,8 +15,10 @@
 #include "receivables/payments/forms/PaymentForms.h"
 #include "receivables/reports/ARReports.h"
 #include "receivables/reports/TfrmARReports.h"
+#include "receivables/reports/TrptARPayments.h"
 #include "receivables/reports/TrptCustomers.h"
 #include "receivables/reports/TrptTaxes.h"
+#include "reports/run/PreviewReport.h"
 #include "reports/run/ReportRegistry.h"
 #include "shell/lookups/TdmLookUps.h"
 #include "shell/main/FormRegistry.h"
@@ -62,6 +64,12 @@ void RegisterReceivablesForms(shell::FormRegistry& registry) {
     RegisterListReport<TrptCustomers>(registry, "frmCustomers");
     RegisterListReport<TrptCusTypes>(registry, "frmCusTypes");
     RegisterListReport<TrptSalesmen>(registry, "frmSalesmen");
+    registry.RegisterListPrinter("frmARPayments", [](shell::ListForm& list) {
+        const bool checkWording = list.App().Desktop().CountryName() == "United States";
+        auto report = std::make_unique<TrptARPayments>(list.Db(), checkWording);
+        report->FollowList(list);
+        reports::PreviewReport(list.App(), std::move(report));
+    });
 }
 
 void RegisterReceivablesReports(reports::ReportRegistry& registry) {

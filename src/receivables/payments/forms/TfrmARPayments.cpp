@@ -42,6 +42,7 @@ TfrmARPayments::TfrmARPayments(ui::Application& app, store::Database& db)
     mnuPost.OnClick = [this] { PostPayments(); };
     mnuCustomer.Visible = App().HasForm("frmCustomer");
     mnuCustomer.OnClick = [this] { ShowCustomer(); };
+    mnuReconciled.OnClick = [this] { FlipReconciled(); };
     mnuOutstanding.OnClick = [this] { ToggleOutstanding(); };
     mnuFind.Visible = true;
     mnuFind.OnClick =
@@ -141,13 +142,17 @@ void TfrmARPayments::DeletePayment() {
 
 void TfrmARPayments::ShowCustomer() {
     if (tblARPmt.IsEmpty()) return;
-    const store::Value customer = tblARPmt.FieldByName("CustomerID").AsValue();
-    auto* entry = dynamic_cast<shell::EntryForm*>(App().OpenForm("frmCustomer"));
-    if (!entry || customer.IsNull()) return;
-    if (!entry->EntryTable.Locate("CustomerID", {customer}))
-        throw Exception("The record has been deleted by another user");
-    entry->EntryTable.Edit();
-    entry->Show();
+    OpenCustomerRecord(App(), tblARPmt.FieldByName("CustomerID").AsValue());
+}
+
+void TfrmARPayments::FlipReconciled() {
+    if (tblARPmt.IsEmpty()) return;
+    // Posted or not, the bank's clearing is the one thing a payment may still change.
+    tblARPmt.Edit();
+    store::Field& reconciled = tblARPmt.FieldByName("Reconciled");
+    reconciled.SetAsBoolean(!reconciled.AsBoolean());
+    tblARPmt.Post();
+    tblARPmt.FlushBuffers();
 }
 
 void TfrmARPayments::PostPayments() {

@@ -1,5 +1,6 @@
 #pragma once
 
+#include "receivables/customers/CustomerCommands.h"
 #include "shell/patterns/ListForm.h"
 #include "ui/MenuItem.h"
 #include "ui/ToolBar.h"
@@ -22,6 +23,7 @@ public:
     ui::MenuItem& mnuSortReference;
     ui::MenuItem mnuPost{mnuRecords, "mnuPost", "&Post..."};
     ui::MenuItem mnuCustomer{mnuRecords, "mnuCustomer", "&Customer..."};
+    ui::MenuItem mnuReconciled{mnuRecords, "mnuReconciled", "Rec&onciled"};
     ui::ToolButton tbnPost{tlbList, "tbnPost", mnuPost};
 
     void DeletePayment();
@@ -29,6 +31,8 @@ public:
     // The customer of the payment the list stands on, in its own entry form.
     void ShowCustomer();
     void ToggleOutstanding();
+    // Marks the payment the list stands on as cleared by the bank, or clears the mark.
+    void FlipReconciled();
     // "AR Payments" with what narrows the list: "(Outstanding)", "(Filtered)", or both.
     std::string CaptionNow() const;
 
@@ -44,6 +48,9 @@ private:
 
     store::Table tblCustomer, tblBank;
     TfrmARPaymentsFilter* filter_ = nullptr;
+
+public:
+    CustomerReachCommands Reach{App(), popList, tblARPmt, Db()};
 };
 
 } // namespace corvane::receivables
