@@ -33,26 +33,14 @@ void RegisterBankingForms(shell::FormRegistry& registry) {
         entry.LookUps = LookUpsOf(ctx);
         return entry;
     });
-    registry.Register("frmBanks", [&registry](shell::FormContext& ctx) -> ui::Form& {
+    registry.Register("frmBanks", [](shell::FormContext& ctx) -> ui::Form& {
         auto& list = ctx.App.SingleForm<TfrmBanks>(ctx.Db, LookUpsFor(ctx));
         list.LookUps = LookUpsOf(ctx);
-        list.OpenListForm = ListOpener(registry, ctx);
-        list.OpenBankForm = [&registry, ctx](std::string_view form, std::string_view right,
-                                             std::int64_t bankId) {
-            if (ctx.Main && !ctx.Main->CheckUserAccess(std::string(right))) return;
-            const shell::FormFactory* factory = registry.Find(form);
-            if (!factory) return;
-            shell::FormContext context = ctx;
-            ui::Form& opened = (*factory)(context);
-            if (auto* book = dynamic_cast<TfrmBankBook*>(&opened)) book->SetDefaultBankID(bankId);
-            opened.Show();
-        };
         return list;
     });
-    registry.Register("frmBank", [&registry](shell::FormContext& ctx) -> ui::Form& {
+    registry.Register("frmBank", [](shell::FormContext& ctx) -> ui::Form& {
         auto& entry = ctx.App.SingleForm<TfrmBank>(ctx.Db, LookUpsFor(ctx));
         entry.LookUps = LookUpsOf(ctx);
-        entry.OpenListForm = ListOpener(registry, ctx);
         return entry;
     });
     registry.Register("frmBankBook", [](shell::FormContext& ctx) -> ui::Form& {

@@ -17,7 +17,6 @@
 
 namespace corvane::inventory {
 
-using banking::ListOpener;
 using banking::LookUpsFor;
 using banking::RegisterListReport;
 using banking::RegisterMaster;
@@ -27,14 +26,12 @@ void RegisterInventoryForms(shell::FormRegistry& registry) {
     RegisterMaster<TfrmItemSubtypes, TfrmItemSubtype>(registry, "frmItemSubtypes",
                                                       "frmItemSubtype");
     RegisterMaster<TfrmWarehouses, TfrmWarehouse>(registry, "frmWarehouses", "frmWarehouse");
-    registry.Register("frmItems", [&registry](shell::FormContext& ctx) -> ui::Form& {
+    registry.Register("frmItems", [](shell::FormContext& ctx) -> ui::Form& {
         auto& list = ctx.App.SingleForm<TfrmItems>(ctx.Db, LookUpsFor(ctx));
-        list.OpenListForm = ListOpener(registry, ctx);
         return list;
     });
-    registry.Register("frmItem", [&registry](shell::FormContext& ctx) -> ui::Form& {
+    registry.Register("frmItem", [](shell::FormContext& ctx) -> ui::Form& {
         auto& entry = ctx.App.SingleForm<TfrmItem>(ctx.Db, LookUpsFor(ctx));
-        entry.OpenListForm = ListOpener(registry, ctx);
         return entry;
     });
     registry.Register("frmItemSearch", [](shell::FormContext& ctx) -> ui::Form& {

@@ -27,7 +27,6 @@
 
 namespace corvane::receivables {
 
-using banking::ListOpener;
 using banking::LookUpsFor;
 using banking::RegisterListReport;
 using banking::RegisterMaster;
@@ -36,18 +35,15 @@ void RegisterReceivablesForms(shell::FormRegistry& registry) {
     RegisterMaster<TfrmTaxes, TfrmTax>(registry, "frmTaxes", "frmTax");
     RegisterMaster<TfrmCusTypes, TfrmCusType>(registry, "frmCusTypes", "frmCusType");
     RegisterMaster<TfrmSalesmen, TfrmSalesman>(registry, "frmSalesmen", "frmSalesman");
-    registry.Register("frmCustomers", [&registry](shell::FormContext& ctx) -> ui::Form& {
+    registry.Register("frmCustomers", [](shell::FormContext& ctx) -> ui::Form& {
         auto& list = ctx.App.SingleForm<TfrmCustomers>(ctx.Db, LookUpsFor(ctx));
-        list.OpenListForm = ListOpener(registry, ctx);
-        list.OpenCustomerList = banking::FilteredOpener(registry, ctx);
         list.MapService = ctx.Main ? ctx.Main->Settings().ReadString("General", "MapService",
                                                                      "https://www.google.com")
                                    : "https://www.google.com";
         return list;
     });
-    registry.Register("frmCustomer", [&registry](shell::FormContext& ctx) -> ui::Form& {
+    registry.Register("frmCustomer", [](shell::FormContext& ctx) -> ui::Form& {
         auto& entry = ctx.App.SingleForm<TfrmCustomer>(ctx.Db, LookUpsFor(ctx));
-        entry.OpenListForm = ListOpener(registry, ctx);
         return entry;
     });
     registry.Register("frmCContact", [](shell::FormContext& ctx) -> ui::Form& {

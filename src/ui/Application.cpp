@@ -32,6 +32,10 @@ bool Application::CheckAccess(const std::string& right, const std::string& displ
     return !formService_ || formService_->CheckAccess(right, displayName);
 }
 
+bool Application::ReportsOnA4() const {
+    return formService_ && formService_->ReportsOnA4();
+}
+
 bool Application::PrintList(Form& list) {
     return formService_ && formService_->PrintList(list);
 }

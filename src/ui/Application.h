@@ -109,6 +109,8 @@ public:
     // True without a service: a form on its own has no user to refuse.
     bool CheckAccess(const std::string& right, const std::string& displayName);
     bool PrintList(Form& list);
+    // Letter without a service.
+    bool ReportsOnA4() const;
 
 private:
     friend class Form;

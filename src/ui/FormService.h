@@ -25,6 +25,8 @@ public:
     // Prints what the list shows through the report the program has for it; false when it has
     // none.
     virtual bool PrintList(Form& list) = 0;
+    // Whether the session found A4 paper in the default printer; reports then print on A4.
+    virtual bool ReportsOnA4() const { return false; }
 };
 
 } // namespace corvane::ui

@@ -3,6 +3,7 @@
 #include "banking/domain/BankRecord.h"
 #include "banking/usage/RefusalFocus.h"
 #include "shell/lookups/TdmLookUps.h"
+#include "shell/patterns/OpenList.h"
 #include "ui/Layout.h"
 
 namespace corvane::banking {
@@ -16,12 +17,8 @@ TfrmBank::TfrmBank(ui::Application& app, store::Database& db, shell::TdmLookUps&
                    ledger::AccountBoxShows::Name) {
     using namespace ui;
     lookUps.Open(shell::LookUp::Currency, db);
-    btnCurrencies.OnClick = [this] {
-        if (OpenListForm) OpenListForm("frmCurrencies", "Currencies");
-    };
-    btnGLAccounts.OnClick = [this] {
-        if (OpenListForm) OpenListForm("frmGLAccounts", "GLAccounts");
-    };
+    btnCurrencies.OnClick = [this] { shell::OpenList(App(), "frmCurrencies", "Currencies"); };
+    btnGLAccounts.OnClick = [this] { shell::OpenList(App(), "frmGLAccounts", "GLAccounts"); };
     SetLayout(Column{
         FormRow{"Name:", editBankName},
         FormRow{"Currency:", Row{cboCurrency, btnCurrencies, Stretch{}}},

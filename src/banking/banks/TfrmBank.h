@@ -29,8 +29,6 @@ public:
     ui::Button btnGLAccounts{*this, "btnGLAccounts", "..."};
 
     shell::TdmLookUps* LookUps = nullptr;
-    std::function<void(std::string_view form, std::string_view right)> OpenListForm;
-
 protected:
     std::string KeyViolationMessage() const override;
 

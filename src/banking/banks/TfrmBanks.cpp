@@ -1,10 +1,12 @@
 #include "banking/banks/TfrmBanks.h"
 
 #include "banking/banks/TfrmBank.h"
+#include "banking/banks/TfrmBankBook.h"
 #include "banking/domain/BankRecord.h"
 #include "core/Exception.h"
 #include "core/Refusal.h"
 #include "shell/lookups/TdmLookUps.h"
+#include "shell/patterns/OpenList.h"
 #include "ui/Application.h"
 
 namespace corvane::banking {
@@ -22,14 +24,8 @@ TfrmBanks::TfrmBanks(ui::Application& app, store::Database& db, shell::TdmLookUp
     grdList.AddColumn("BankName", "Name", 220);
     grdList.AddColumn("CurrencyName", "Currency", 140);
     mnuFilter.Visible = false;
-    mnuBankBook.OnClick = [this] {
-        if (OpenBankForm && !tblBank.IsEmpty())
-            OpenBankForm("frmBankBook", "BankBook", tblBank.FieldByName("BankID").AsInteger());
-    };
-    mnuBankRec.OnClick = [this] {
-        if (OpenBankForm && !tblBank.IsEmpty())
-            OpenBankForm("frmBankRec", "BankRec", tblBank.FieldByName("BankID").AsInteger());
-    };
+    mnuBankBook.OnClick = [this] { OpenForBank("frmBankBook", "BankBook"); };
+    mnuBankRec.OnClick = [this] { OpenForBank("frmBankRec", "BankRec"); };
     tblBank.BeforeDelete = [this](store::DataSet&) { BeforeDeleteBank(); };
     tblBank.AfterDelete = [this](store::DataSet&) {
         if (LookUps) LookUps->RefreshIfOpen(shell::LookUp::Bank);
@@ -45,8 +41,16 @@ shell::EntryForm& TfrmBanks::Entry() {
     tblCurrency.Refresh();
     auto& entry = App().SingleForm<TfrmBank>(Db(), lookUps_);
     entry.LookUps = LookUps;
-    entry.OpenListForm = OpenListForm;
     return entry;
+}
+
+void TfrmBanks::OpenForBank(std::string_view form, std::string_view right) {
+    if (tblBank.IsEmpty()) return;
+    const std::int64_t bankId = tblBank.FieldByName("BankID").AsInteger();
+    ui::Form* opened = shell::OpenAllowed(App(), form, right);
+    if (!opened) return;
+    if (auto* book = dynamic_cast<TfrmBankBook*>(opened)) book->SetDefaultBankID(bankId);
+    opened->Show();
 }
 
 void TfrmBanks::BeforeDeleteBank() {

@@ -26,16 +26,14 @@ public:
     ui::MenuItem mnuBankRec{mnuView, "mnuBankRec", "Bank &Reconciliation"};
 
     shell::TdmLookUps* LookUps = nullptr;
-    std::function<void(std::string_view form, std::string_view right)> OpenListForm;
-    // Opens the bank book or reconciliation of a bank, after the user's right is checked.
-    std::function<void(std::string_view form, std::string_view right, std::int64_t bankId)>
-        OpenBankForm;
 
 protected:
     shell::EntryForm& Entry() override;
 
 private:
     void BeforeDeleteBank();
+    // The bank book or reconciliation, after the user's right is checked, on the bank shown.
+    void OpenForBank(std::string_view form, std::string_view right);
 
     shell::TdmLookUps& lookUps_;
 };

@@ -21,19 +21,6 @@ namespace corvane::banking {
 shell::TdmLookUps& LookUpsFor(const shell::FormContext& ctx);
 shell::TdmLookUps* MainLookUps(const shell::FormContext& ctx);
 
-// Opens a registered list form from a look-up button, after the user's right to it is checked.
-std::function<void(std::string_view form, std::string_view right)>
-ListOpener(shell::FormRegistry& registry, shell::FormContext ctx);
-
-// A registered list form opened on the rows of one record of another list (a customer's
-// invoices, payments, jobs): after the user's right is checked, the list is reset as the main
-// menu resets it and shows only those rows; openFilter when the list was in its view of what is
-// still open, else filter.
-using FilteredListOpener =
-    std::function<void(std::string_view form, std::string_view right, const std::string& filter,
-                       const std::string& openFilter)>;
-FilteredListOpener FilteredOpener(shell::FormRegistry& registry, shell::FormContext ctx);
-
 // A list's report shows the list's rows in its order and under its filter.
 template <class Report>
 void RegisterListReport(shell::FormRegistry& registry, std::string listName) {

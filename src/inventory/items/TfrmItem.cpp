@@ -4,6 +4,7 @@
 #include "core/Exception.h"
 #include "inventory/domain/ItemRecord.h"
 #include "shell/lookups/TdmLookUps.h"
+#include "shell/patterns/OpenList.h"
 #include "ui/Application.h"
 #include "ui/Layout.h"
 
@@ -59,9 +60,7 @@ TfrmItem::TfrmItem(ui::Application& app, store::Database& db, shell::TdmLookUps&
                                                                  ledger::AccountBoxShows::Name));
     }
     auto lookUpButton = [this](Button& button, std::string_view form, std::string_view right) {
-        button.OnClick = [this, form, right] {
-            if (OpenListForm) OpenListForm(form, right);
-        };
+        button.OnClick = [this, form, right] { shell::OpenList(App(), form, right); };
     };
     lookUpButton(btnItemTypes, "frmItemTypes", "ItemTypes");
     lookUpButton(btnItemSubtypes, "frmItemSubtypes", "ItemSubtypes");

@@ -64,8 +64,6 @@ public:
 
     ui::DBMemo memNotes{*this, "memNotes", EntryTable, "Notes"};
 
-    std::function<void(std::string_view form, std::string_view right)> OpenListForm;
-
     // Copy: a new item filled from the row the list stands on, with its own new number.
     void StartCopy(store::DataSet& source);
 

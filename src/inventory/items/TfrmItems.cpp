@@ -35,7 +35,6 @@ TfrmItems::~TfrmItems() {
 
 shell::EntryForm& TfrmItems::Entry() {
     auto& entry = App().SingleForm<TfrmItem>(Db(), lookUps_);
-    entry.OpenListForm = OpenListForm;
     return entry;
 }
 

@@ -27,8 +27,6 @@ public:
     ui::MenuItem mnuCopy{mnuRecords, "mnuCopy", "&Copy"};
     ui::ToolButton tbnCopy{tlbList, "tbnCopy", mnuCopy};
 
-    std::function<void(std::string_view form, std::string_view right)> OpenListForm;
-
     void CopyRecord();
 
 protected:

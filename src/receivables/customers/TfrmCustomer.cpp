@@ -11,6 +11,7 @@
 #include "ui/Application.h"
 #include "ui/Layout.h"
 
+#include "shell/patterns/OpenList.h"
 #include <algorithm>
 #include <cctype>
 
@@ -87,9 +88,7 @@ TfrmCustomer::TfrmCustomer(ui::Application& app, store::Database& db, shell::Tdm
     actions_.push_back(std::make_unique<FieldActionButton>(
         btnWebPage, EntryTable, "WebPage", [this](const std::string& w) { BrowseTo(App(), w); }));
     auto lookUpButton = [this](Button& button, std::string_view form, std::string_view right) {
-        button.OnClick = [this, form, right] {
-            if (OpenListForm) OpenListForm(form, right);
-        };
+        button.OnClick = [this, form, right] { shell::OpenList(App(), form, right); };
     };
     lookUpButton(btnCurrencies, "frmCurrencies", "Currencies");
     lookUpButton(btnTaxes, "frmTaxes", "Taxes");

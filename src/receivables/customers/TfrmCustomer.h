@@ -109,10 +109,6 @@ public:
     // Notes
     ui::DBMemo memNotes{*this, "memNotes", EntryTable, "Notes"};
 
-    // Opens a list form of the program by name after checking the user's right to it; the
-    // look-up buttons use it. Given by whoever makes the form; null leaves the buttons idle.
-    std::function<void(std::string_view form, std::string_view right)> OpenListForm;
-
     void NewContact();
     void EditContact();
     void DeleteContact();

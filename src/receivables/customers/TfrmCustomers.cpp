@@ -11,6 +11,7 @@
 #include "reports/preview/ReportOutput.h"
 #include "shell/lookups/LookUpCalcFields.h"
 #include "shell/lookups/TdmLookUps.h"
+#include "shell/patterns/OpenList.h"
 #include "ui/Application.h"
 #include "ui/WaitCursor.h"
 
@@ -74,13 +75,13 @@ TfrmCustomers::TfrmCustomers(ui::Application& app, store::Database& db, shell::T
           CustomerList{&mnuTimeSheets, "frmTimeSheets", "TimeSheets", "InvoiceNo = null"},
           CustomerList{&mnuSalesHistory, "frmSalesHistory", "SalesHistory", ""}}) {
         each.Item->OnClick = [this, each] {
-            if (!OpenCustomerList || tblCustomer.IsEmpty()) return;
+            if (tblCustomer.IsEmpty()) return;
             const std::string customer =
                 "(CustomerID = " +
                 std::to_string(tblCustomer.FieldByName("CustomerID").AsInteger()) + ")";
             const std::string openOnly =
                 *each.OpenTerm ? customer + " AND (" + each.OpenTerm + ")" : customer;
-            OpenCustomerList(each.Form, each.Right, customer, openOnly);
+            shell::OpenListOn(App(), each.Form, each.Right, customer, openOnly);
         };
     }
     mnuEmailAll.OnClick = [this] { EmailAll(); };
@@ -96,7 +97,6 @@ TfrmCustomers::~TfrmCustomers() {
 
 shell::EntryForm& TfrmCustomers::Entry() {
     auto& entry = App().SingleForm<TfrmCustomer>(Db(), lookUps_);
-    entry.OpenListForm = OpenListForm;
     return entry;
 }
 

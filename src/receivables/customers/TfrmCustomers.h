@@ -42,14 +42,6 @@ public:
 
     // The web service that answers "/maps?q=", from the settings file.
     std::string MapService;
-    // Opens a list form of the program by name after checking the user's right to it.
-    std::function<void(std::string_view form, std::string_view right)> OpenListForm;
-
-    // Opens another list on the current customer's rows (set by whoever makes the list).
-    std::function<void(std::string_view form, std::string_view right, const std::string& filter,
-                       const std::string& openFilter)>
-        OpenCustomerList;
-
     // Every e-mail address of the rows shown, joined by "; ", for one message to them all;
     // refused when there are too many for a mail program to take.
     std::string AllEMailAddresses();

@@ -8,7 +8,6 @@
 #include "reports/render/PdfWriter.h"
 #include "reports/render/TextRenderer.h"
 #include "reports/run/TrptBase.h"
-#include "shell/main/TfrmCorvane.h"
 #include "ui/Application.h"
 #include "ui/WaitCursor.h"
 
@@ -16,21 +15,12 @@
 
 namespace corvane::reports {
 
-namespace {
-
-bool PaperIsA4(ui::Application& app) {
-    auto* main = dynamic_cast<shell::TfrmCorvane*>(app.MainForm());
-    return main && main->PaperIsA4;
-}
-
-} // namespace
-
 void PreviewReport(ui::Application& app, std::unique_ptr<TrptBase> report) {
     RequirePrinter(app);
     auto document = std::make_shared<ReportDocument>();
     {
         ui::WaitCursor wait(app);
-        report->ApplyPaper(PaperIsA4(app));
+        report->ApplyPaper(app.ReportsOnA4());
         report->Open();
         document->title = report->QuickReport.ReportTitle;
     }

@@ -115,6 +115,7 @@ public:
         return CheckUserAccess(right, displayName);
     }
     bool PrintList(ui::Form& list) override;
+    bool ReportsOnA4() const override { return PaperIsA4; }
     // Opens the user's guide at the topic of the form (its contents for the main form's Help).
     void ShowHelp(const ui::Form& form);
     void EnableMainMenus(bool enabled) override;
