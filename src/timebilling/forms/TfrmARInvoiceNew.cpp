@@ -7,6 +7,7 @@
 #include "store/EngineError.h"
 #include "timebilling/domain/AutoCreatePeriod.h"
 #include "timebilling/domain/TimeTexts.h"
+#include "timebilling/forms/CustomerChoice.h"
 #include "ui/Application.h"
 #include "ui/Layout.h"
 
@@ -39,7 +40,7 @@ TfrmARInvoiceNew::TfrmARInvoiceNew(ui::Application& app, store::Database& db)
     SetLayout(Column{
         rgpInvoice,
         Group{"AutoCreate",
-              {FormRow{"Customer", cboCustomer}, FormRow{"Job", cboJob},
+              {FormRow{"Customer", Row{cboCustomer, btnCustomer}}, FormRow{"Job", cboJob},
                FormRow{"Cut-off date", editCutOffDate}, FormRow{"Invoice date", editInvoiceDate},
                FormRow{"Period", Row{editPeriod, editYear, Stretch{}}}}},
         ButtonRow{btnOK, btnCancel},
@@ -66,6 +67,7 @@ TfrmARInvoiceNew::TfrmARInvoiceNew(ui::Application& app, store::Database& db)
                                                           &editInvoiceDate, &editPeriod, &editYear})
             c->Enabled = autoCreate;
     };
+    ConnectCustomerSearch(btnCustomer, cboCustomer, db);
     cboCustomer.OnChange = [this] {
         cboJob.SetKeyValue({});
         NarrowJobs();
@@ -96,13 +98,7 @@ void TfrmARInvoiceNew::Restore(const Choices& choices) {
 }
 
 void TfrmARInvoiceNew::NarrowJobs() {
-    const store::Value customer = cboCustomer.KeyValue();
-    if (customer.IsNull()) {
-        tblJob.SetFiltered(false);
-        return;
-    }
-    tblJob.SetFilter("CustomerID = " + std::to_string(customer.Int()));
-    tblJob.SetFiltered(true);
+    NarrowJobsToCustomer(tblJob, cboCustomer.KeyValue());
 }
 
 // The request the fields make, after the period checks in their order; nothing when a check

@@ -27,6 +27,8 @@ public:
     store::Table tblCustomer, tblJob;
     ui::RadioGroup rgpInvoice;
     ui::DBLookupComboBox cboCustomer;
+    // The customer search, for a choice by number or name.
+    ui::Button btnCustomer{*this, "btnCustomer", "..."};
     ui::DBLookupComboBox cboJob;
     ui::DateEdit editCutOffDate{*this, "editCutOffDate"};
     ui::DateEdit editInvoiceDate{*this, "editInvoiceDate"};

@@ -7,6 +7,7 @@
 #include "timebilling/domain/TimeTexts.h"
 #include "timebilling/forms/TfrmJob.h"
 #include "timebilling/forms/TfrmJobsFilter.h"
+#include "timebilling/forms/TfrmTimeSheets.h"
 #include "timebilling/reports/TrptJob.h"
 #include "ui/Application.h"
 #include "ui/Keys.h"
@@ -117,14 +118,10 @@ void TfrmJobs::CopyJob() {
 
 void TfrmJobs::ShowTimeSheets() {
     if (tblJob.IsEmpty() || !MakeRegisteredForm) return;
-    ui::Form* form = MakeRegisteredForm("frmTimeSheets");
-    auto* list = dynamic_cast<shell::ListForm*>(form);
+    auto* list = dynamic_cast<TfrmTimeSheets*>(MakeRegisteredForm("frmTimeSheets"));
     if (!list) return;
     list->Show();
-    list->MainDataSet().SetFilter("(JobID = " + tblJob.FieldByName("JobID").AsString() + ")");
-    list->MainDataSet().SetFiltered(true);
-    list->mnuFilter.SetChecked(true);
-    list->Caption = list->Title() + " (Filtered)";
+    list->ShowJob(tblJob.FieldByName("JobID").AsInteger());
 }
 
 void TfrmJobs::PrintJob() {

@@ -4,6 +4,7 @@
 #include "core/Exception.h"
 #include "reports/run/PreviewReport.h"
 #include "reports/run/TrptBase.h"
+#include "timebilling/forms/CustomerChoice.h"
 #include "ui/Layout.h"
 
 #include <algorithm>
@@ -26,11 +27,12 @@ TfrmTimeReports::TfrmTimeReports(ui::Application& app, store::Database& db)
         FormRow{lblReports, lstReports},
         FormRow{lblDateFrom, editDateFrom},
         FormRow{lblDateTo, editDateTo},
-        FormRow{lblCustomer, cboCustomer},
+        FormRow{lblCustomer, Row{cboCustomer, btnCustomer}},
         FormRow{lblEmployee, cboEmployee},
         ButtonRow{btnBack, btnNext, btnPreview, btnCancel},
     });
     btnCancel.Cancel = true;
+    ConnectCustomerSearch(btnCustomer, cboCustomer, db);
     btnBack.OnClick = [this] { ShowStep(1); };
     btnNext.OnClick = [this] { ShowStep(2); };
     btnPreview.OnClick = [this] { Preview(); };
@@ -49,7 +51,7 @@ void TfrmTimeReports::ShowStep(int step) {
     lblReports.Visible = lstReports.Visible = !options;
     for (ui::Control* c : std::initializer_list<ui::Control*>{
              &lblDateFrom, &editDateFrom, &lblDateTo, &editDateTo, &lblCustomer, &cboCustomer,
-             &lblEmployee, &cboEmployee})
+             &btnCustomer, &lblEmployee, &cboEmployee})
         c->Visible = options;
     btnBack.Enabled = options;
     btnNext.Enabled = !options;

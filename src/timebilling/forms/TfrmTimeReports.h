@@ -28,6 +28,7 @@ public:
     ui::Label lblCustomer{*this, "lblCustomer", "Cus&tomer:"};
     ui::DBLookupComboBox cboCustomer{*this, "cboCustomer", tblCustomer, "CustomerID",
                                      "CustomerName;CustomerNo"};
+    ui::Button btnCustomer{*this, "btnCustomer", "..."};
     ui::Label lblEmployee{*this, "lblEmployee", "&Employee:"};
     ui::DBLookupComboBox cboEmployee{*this, "cboEmployee", tblEmployee, "EmployeeID",
                                      "EmployeeName"};

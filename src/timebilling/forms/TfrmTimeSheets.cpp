@@ -4,6 +4,7 @@
 #include "timebilling/domain/TimeSheetRules.h"
 #include "timebilling/domain/TimeTexts.h"
 #include "timebilling/forms/TfrmTimeSheet.h"
+#include "timebilling/forms/TfrmTimeSheetsFilter.h"
 #include "ui/Application.h"
 #include "ui/Keys.h"
 
@@ -40,7 +41,9 @@ TfrmTimeSheets::TfrmTimeSheets(ui::Application& app, store::Database& db)
     grdList.AddColumn("JobName", "Job", 180);
     grdList.AddColumn("TaskName", "Task", 140);
     grdList.AddColumn("InvoiceNo", "Invoice no.", 72);
-    mnuFilter.Visible = false;
+    // Find is not offered here, so Filter takes its key.
+    mnuFind.ShortCut = {};
+    mnuFilter.ShortCut = ui::ParseShortCut("Ctrl+F");
     mnuFileSep.Visible = false;
     mnuEdit.OnClick = popEdit.OnClick = [this] { EditTimeSheet(); };
     mnuDelete.OnClick = popDelete.OnClick = [this] { DeleteTimeSheetRow(); };
@@ -52,14 +55,34 @@ TfrmTimeSheets::TfrmTimeSheets(ui::Application& app, store::Database& db)
     auto baseShow = OnShow;
     OnShow = [this, baseShow] {
         if (baseShow) baseShow();
-        view_.Apply(nullptr);
+        view_.Apply(filter_);
     };
     mnuSortWorkDateDesc.Click();
     view_.Apply(nullptr);
 }
 
 void TfrmTimeSheets::SetOutstanding(bool on) {
-    view_.SetOutstanding(on, nullptr);
+    view_.SetOutstanding(on, filter_);
+}
+
+shell::FilterForm* TfrmTimeSheets::Filter() {
+    if (!filter_) {
+        filter_ = &App().SingleForm<TfrmTimeSheetsFilter>(static_cast<shell::ListForm&>(*this));
+        // The dialog's criteria join the outstanding view rather than replace it.
+        auto apply = filter_->btnOK.OnClick;
+        filter_->btnOK.OnClick = [this, apply] {
+            if (apply) apply();
+            view_.Apply(filter_);
+        };
+    }
+    return filter_;
+}
+
+void TfrmTimeSheets::ShowJob(std::int64_t jobId) {
+    static_cast<void>(Filter());
+    filter_->OneJob(jobId);
+    mnuOutstanding.SetChecked(false);
+    view_.Apply(filter_);
 }
 
 TfrmTimeSheet& TfrmTimeSheets::SheetForm() {

@@ -9,6 +9,7 @@
 namespace corvane::timebilling {
 
 class TfrmTimeSheet;
+class TfrmTimeSheetsFilter;
 
 // The time recorded, newest first, starting with what is not yet billed. Billed rows stay as
 // they are: they open to be read and cannot be deleted.
@@ -32,13 +33,17 @@ public:
     void EditTimeSheet();
     void CreateInvoices();
     void SetOutstanding(bool on);
+    // The time of one job, billed or not, through the filter dialog's criteria.
+    void ShowJob(std::int64_t jobId);
 
 protected:
     shell::EntryForm& Entry() override;
+    shell::FilterForm* Filter() override;
 
 private:
     TfrmTimeSheet& SheetForm();
     OutstandingView view_{*this, "InvoiceNo = null"};
+    TfrmTimeSheetsFilter* filter_ = nullptr;
 };
 
 } // namespace corvane::timebilling
