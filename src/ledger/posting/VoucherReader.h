@@ -1,6 +1,7 @@
 #pragma once
 
 #include "ledger/posting/VoucherPosting.h"
+#include "store/Query.h"
 
 #include <cstdint>
 #include <optional>
@@ -12,11 +13,11 @@ class Database;
 
 namespace corvane::ledger {
 
-// Reads vouchers for the posting runs through prepared statements, one voucher at a time, so
+// Reads vouchers for the posting runs through prepared store queries, one voucher at a time, so
 // that a run over thousands of vouchers never holds a cursor open on the whole table.
 class VoucherReader {
 public:
-    explicit VoucherReader(store::Database& db) : db_(db) {}
+    explicit VoucherReader(store::Database& db);
 
     // How many vouchers wait to be posted, whatever their period and source.
     static std::int64_t CountUnposted(store::Database& db);
@@ -31,6 +32,10 @@ public:
 
 private:
     store::Database& db_;
+    store::Query header_;
+    store::Query lines_;
+    store::Query posted_;
+    store::Query setPosted_;
 };
 
 } // namespace corvane::ledger

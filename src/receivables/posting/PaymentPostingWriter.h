@@ -1,6 +1,7 @@
 #pragma once
 
 #include "receivables/posting/PaymentPosting.h"
+#include "store/BulkWriter.h"
 
 #include <cstdint>
 
@@ -14,14 +15,17 @@ namespace corvane::receivables {
 // transaction; the voucher and the customer's balance go through the invoice run's writer.
 class PaymentPostingWriter {
 public:
-    explicit PaymentPostingWriter(store::Database& db) : db_(db) {}
+    explicit PaymentPostingWriter(store::Database& db);
 
     void MarkPosted(std::int64_t paymentId);
     // Adds the line's amounts to the invoice's totals and makes Owing what the totals leave.
     void Settle(const InvoiceSettlement& settlement);
 
 private:
-    store::Database& db_;
+    store::BulkLookup payment_;
+    store::BulkUpdate posted_;
+    store::BulkLookup invoice_;
+    store::BulkUpdate settled_;
 };
 
 } // namespace corvane::receivables
