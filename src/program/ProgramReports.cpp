@@ -5,6 +5,7 @@
 #include "ledger/reports/LedgerReports.h"
 #include "receivables/ReceivablesForms.h"
 #include "reports/system/SystemReports.h"
+#include "timebilling/reports/TimeReports.h"
 
 namespace corvane::program {
 
@@ -14,6 +15,7 @@ void RegisterProgramReports(reports::ReportRegistry& registry) {
     banking::RegisterBankingReports(registry);
     receivables::RegisterReceivablesReports(registry);
     inventory::RegisterInventoryReports(registry);
+    timebilling::RegisterTimeReports(registry);
 }
 
 } // namespace corvane::program

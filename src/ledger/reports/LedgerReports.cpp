@@ -9,7 +9,6 @@
 #include "ledger/reports/TrptJVs.h"
 #include "reports/run/ReportRegistry.h"
 
-#include <charconv>
 #include <optional>
 
 namespace corvane::ledger {
@@ -18,19 +17,8 @@ using reports::ReportRequest;
 
 namespace {
 
-// A whole number option; nothing when it was not given.
-std::optional<std::int64_t> NumberOption(const ReportRequest& request, std::string_view name) {
-    const std::string text = request.Option(name);
-    if (text.empty()) return std::nullopt;
-    std::int64_t value = 0;
-    auto [end, error] = std::from_chars(text.data(), text.data() + text.size(), value);
-    if (error != std::errc() || end != text.data() + text.size())
-        throw Exception("--" + std::string(name) + " takes a whole number, not '" + text + "'.");
-    return value;
-}
-
 std::optional<int> YearOption(const ReportRequest& request) {
-    auto year = NumberOption(request, "year");
+    auto year = request.WholeOption("year");
     if (year && (*year < 1900 || *year > 9999))
         throw Exception("--year " + std::to_string(*year) + " is not a year.");
     return year ? std::optional<int>(static_cast<int>(*year)) : std::nullopt;
@@ -38,7 +26,7 @@ std::optional<int> YearOption(const ReportRequest& request) {
 
 // A period needs its year: period 3 of every year is no report anyone asks for.
 std::optional<int> PeriodOption(const ReportRequest& request, const std::optional<int>& year) {
-    auto period = NumberOption(request, "period");
+    auto period = request.WholeOption("period");
     if (!period) return std::nullopt;
     if (!year) throw Exception("--period needs --year.");
     if (*period < 1 || *period > 13)
@@ -47,8 +35,8 @@ std::optional<int> PeriodOption(const ReportRequest& request, const std::optiona
 }
 
 std::int64_t VoucherOption(store::Database& db, const ReportRequest& request) {
-    if (auto jvid = NumberOption(request, "jvid")) return *jvid;
-    auto number = NumberOption(request, "number");
+    if (auto jvid = request.WholeOption("jvid")) return *jvid;
+    auto number = request.WholeOption("number");
     auto year = YearOption(request);
     auto period = PeriodOption(request, year);
     if (!number || !period)

@@ -7,9 +7,6 @@
 #include "receivables/reports/TrptARStatementsInv.h"
 #include "receivables/reports/TrptAgedTrialBalance.h"
 #include "reports/run/ReportRegistry.h"
-#include "store/Query.h"
-
-#include <charconv>
 
 namespace corvane::receivables {
 
@@ -17,65 +14,33 @@ using reports::ReportRequest;
 
 namespace {
 
-std::optional<std::int64_t> WholeOption(const ReportRequest& request, std::string_view name) {
-    const std::string text = request.Option(name);
-    if (text.empty()) return std::nullopt;
-    std::int64_t value = 0;
-    auto [end, error] = std::from_chars(text.data(), text.data() + text.size(), value);
-    if (error != std::errc() || end != text.data() + text.size())
-        throw Exception("--" + std::string(name) + " takes a whole number, not '" + text + "'.");
-    return value;
-}
-
-std::optional<Date> DateOption(const ReportRequest& request, std::string_view name) {
-    const std::string text = request.Option(name);
-    if (text.empty()) return std::nullopt;
-    auto date = Date::FromIso(text);
-    if (!date)
-        throw Exception("--" + std::string(name) + " takes a date as yyyy-mm-dd, not '" + text +
-                        "'.");
-    return date;
-}
-
-// A master named by the number a person knows it by, to its key.
-std::optional<std::int64_t> KeyOf(store::Database& db, const ReportRequest& request,
-                                  std::string_view option, const char* sql, const char* what) {
-    const std::string text = request.Option(option);
-    if (text.empty()) return std::nullopt;
-    store::Query q(db, sql);
-    q.ParamByName("No").SetAsString(text);
-    q.Open();
-    if (q.IsEmpty()) throw Exception("There is no " + std::string(what) + " '" + text + "'.");
-    return q.Fields()[0]->AsInteger();
-}
-
 void Refuse(const std::optional<std::string>& refusal) {
     if (refusal) throw Exception(*refusal);
 }
 
 ARReportOptions OptionsOf(store::Database& db, const ReportRequest& request) {
     ARReportOptions o;
-    if (auto asOf = DateOption(request, "asof")) o.AsOf = *asOf;
-    o.DateFrom = DateOption(request, "from");
-    o.DateTo = DateOption(request, "to");
-    if (auto year = WholeOption(request, "year")) o.Year = static_cast<int>(*year);
-    if (auto period = WholeOption(request, "period")) {
+    if (auto asOf = request.DateOption("asof")) o.AsOf = *asOf;
+    o.DateFrom = request.DateOption("from");
+    o.DateTo = request.DateOption("to");
+    if (auto year = request.WholeOption("year")) o.Year = static_cast<int>(*year);
+    if (auto period = request.WholeOption("period")) {
         Refuse(CheckPeriod(static_cast<int>(*period)));
         if (!o.Year) throw Exception("--period needs --year.");
         o.Period = static_cast<int>(*period);
     }
-    o.CurrencyID = KeyOf(db, request, "currency",
-                         "SELECT CurrencyID FROM Currency WHERE CurrencyName = :No", "currency");
-    o.SalesmanID = WholeOption(request, "salesman");
-    o.CustomerID = KeyOf(db, request, "customer",
-                         "SELECT CustomerID FROM Customer WHERE CustomerNo = :No", "customer");
+    o.CurrencyID = request.KeyOption(
+        db, "currency", "SELECT CurrencyID FROM Currency WHERE CurrencyName = :No", "currency");
+    o.SalesmanID = request.WholeOption("salesman");
+    o.CustomerID = request.KeyOption(
+        db, "customer", "SELECT CustomerID FROM Customer WHERE CustomerNo = :No", "customer");
     if (std::string text = request.Option("min-owing"); !text.empty()) {
         auto amount = Money::Parse(text);
         if (!amount) throw Exception("--min-owing takes an amount, not '" + text + "'.");
         Refuse(CheckMinOwing(*amount));
         o.Thresholds.MinOwing = *amount;
     }
-    if (auto days = WholeOption(request, "min-days")) {
+    if (auto days = request.WholeOption("min-days")) {
         Refuse(CheckMinDaysOld(static_cast<int>(*days)));
         o.Thresholds.MinDaysOld = static_cast<int>(*days);
     }
@@ -159,9 +124,8 @@ void RegisterARReports(reports::ReportRegistry& registry) {
         "Sales invoices as printed: one (--number) or every unprinted one; --style classic or "
         "professional, else the company's",
         [](store::Database& db, const ReportRequest& request) {
-            std::optional<std::int64_t> id =
-                KeyOf(db, request, "number", "SELECT ARInvoiceID FROM ARInv WHERE InvoiceNo = :No",
-                      "invoice");
+            std::optional<std::int64_t> id = request.KeyOption(
+                db, "number", "SELECT ARInvoiceID FROM ARInv WHERE InvoiceNo = :No", "invoice");
             const std::string style = request.Option("style");
             int chosen = CompanyInvoiceStyle(db);
             if (style == "classic")

@@ -1,8 +1,12 @@
 #pragma once
 
+#include "core/Date.h"
+
+#include <cstdint>
 #include <functional>
 #include <map>
 #include <memory>
+#include <optional>
 #include <string>
 #include <string_view>
 #include <vector>
@@ -20,6 +24,14 @@ struct ReportRequest {
     std::map<std::string, std::string, std::less<>> Options;
     // The option's value; empty when not given.
     std::string Option(std::string_view name) const;
+    // The option read as a whole number, or as a date written yyyy-mm-dd; nothing when it was
+    // not given. Other text raises a message naming the option.
+    std::optional<std::int64_t> WholeOption(std::string_view name) const;
+    std::optional<Date> DateOption(std::string_view name) const;
+    // A master named by the text a person knows it by (its number, its name) to its key: sql
+    // reads the key with the text as :No. A text no row has raises "There is no <what> '<text>'.".
+    std::optional<std::int64_t> KeyOption(store::Database& db, std::string_view name,
+                                          const char* sql, const char* what) const;
 };
 
 using ReportFactory =

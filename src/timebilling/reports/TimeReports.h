@@ -5,6 +5,7 @@
 #include <memory>
 
 namespace corvane::reports {
+class ReportRegistry;
 class TrptBase;
 } // namespace corvane::reports
 
@@ -24,5 +25,10 @@ inline constexpr const char* kTimeReportNames[] = {"Job Status Report", "Employe
 
 std::unique_ptr<reports::TrptBase> MakeTimeReport(TimeReportKind kind, store::Database& db,
                                                   TimeReportOptions options);
+
+// The five by name for the command line (JobStatusReport, EmployeeTimeSummary, ...), with the
+// wizard's options as --from and --to (yyyy-mm-dd), --customer (its number) and --employee (its
+// name).
+void RegisterTimeReports(reports::ReportRegistry& registry);
 
 } // namespace corvane::timebilling
