@@ -5,6 +5,7 @@
 
 #include "store/EngineError.h"
 #include "store/ValueConversion.h"
+#include "store/sql/ExpressionReader.h"
 
 #include <charconv>
 #include <cmath>
@@ -41,127 +42,10 @@ Value ToBlob(const Value& v) {
     return CoerceToField(v, FieldType::Graphic);
 }
 
-// ----- tokens
-
-enum class Tok {
-    End,
-    Number,
-    String,   // 'text'
-    DqString, // "text": a field name when the table has one by that name, else text
-    Bracket,  // [field name]
-    Ident,
-    LParen,
-    RParen,
-    Comma,
-    Eq,
-    Ne,
-    Lt,
-    Le,
-    Gt,
-    Ge,
-    Plus,
-    Minus,
-    Star,
-    Slash,
-};
-
-struct Token {
-    Tok Kind = Tok::End;
-    std::string Text; // the literal's content, the name, or the operator as written
-    std::size_t Pos = 0;
-};
-
 [[noreturn]] void SyntaxError(std::string_view source, std::size_t pos, const std::string& what,
                               int code = errFilterSyntax) {
     ThrowEngineError(code, "Filter error: " + what + " at position " + std::to_string(pos) +
                                " in: " + std::string(source));
-}
-
-bool IsIdentStart(char c) {
-    return (c >= 'A' && c <= 'Z') || (c >= 'a' && c <= 'z') || c == '_' ||
-           static_cast<unsigned char>(c) >= 0x80;
-}
-
-bool IsIdentChar(char c) {
-    return IsIdentStart(c) || (c >= '0' && c <= '9');
-}
-bool IsDigit(char c) {
-    return c >= '0' && c <= '9';
-}
-
-std::vector<Token> Tokenize(std::string_view src) {
-    std::vector<Token> out;
-    std::size_t i = 0;
-    auto quoted = [&](char close, Tok kind, const char* missing) {
-        const std::size_t start = i++;
-        std::string text;
-        for (;;) {
-            if (i >= src.size()) SyntaxError(src, start, missing);
-            if (src[i] == close) {
-                // A doubled closing quote stands for one quote inside the text.
-                if (close != ']' && i + 1 < src.size() && src[i + 1] == close) {
-                    text += close;
-                    i += 2;
-                    continue;
-                }
-                ++i;
-                break;
-            }
-            text += src[i++];
-        }
-        out.push_back({kind, std::move(text), start});
-    };
-    while (i < src.size()) {
-        const char c = src[i];
-        if (c == ' ' || c == '\t' || c == '\r' || c == '\n') {
-            ++i;
-            continue;
-        }
-        const std::size_t start = i;
-        if (c == '\'') {
-            quoted('\'', Tok::String, "unterminated string");
-        } else if (c == '"') {
-            quoted('"', Tok::DqString, "unterminated string");
-        } else if (c == '[') {
-            quoted(']', Tok::Bracket, "missing ']' after field name");
-        } else if (IsDigit(c) || (c == '.' && i + 1 < src.size() && IsDigit(src[i + 1]))) {
-            while (i < src.size() && IsDigit(src[i]))
-                ++i;
-            if (i < src.size() && src[i] == '.') {
-                ++i;
-                while (i < src.size() && IsDigit(src[i]))
-                    ++i;
-            }
-            if (i < src.size() && IsIdentChar(src[i])) SyntaxError(src, start, "malformed number");
-            out.push_back({Tok::Number, std::string(src.substr(start, i - start)), start});
-        } else if (IsIdentStart(c)) {
-            while (i < src.size() && IsIdentChar(src[i]))
-                ++i;
-            out.push_back({Tok::Ident, std::string(src.substr(start, i - start)), start});
-        } else {
-            static const struct {
-                std::string_view Text;
-                Tok Kind;
-            } operators[] = {
-                {"<>", Tok::Ne},    {"!=", Tok::Ne},   {"<=", Tok::Le},  {">=", Tok::Ge},
-                {"=", Tok::Eq},     {"<", Tok::Lt},    {">", Tok::Gt},   {"(", Tok::LParen},
-                {")", Tok::RParen}, {",", Tok::Comma}, {"+", Tok::Plus}, {"-", Tok::Minus},
-                {"*", Tok::Star},   {"/", Tok::Slash},
-            };
-            bool found = false;
-            for (const auto& op : operators) {
-                if (src.substr(i, op.Text.size()) == op.Text) {
-                    out.push_back({op.Kind, std::string(op.Text), start});
-                    i += op.Text.size();
-                    found = true;
-                    break;
-                }
-            }
-            if (!found) SyntaxError(src, start, "unexpected character '" + std::string(1, c) + "'");
-        }
-    }
-    out.push_back({Tok::End, "", src.size()});
-    return out;
 }
 
 // ----- syntax tree
@@ -222,313 +106,179 @@ NodePtr MakeNode(NodeKind kind, std::size_t pos) {
     return n;
 }
 
-class Parser {
+// Reads a filter with the store's one expression reader and makes its tree into the filter's own:
+// fields looked up in the table, literals kept with how they were written, and a value where a
+// value must stand.
+class FilterSyntax : public sql::SyntaxSink {
 public:
-    Parser(std::string_view source, const TableDef& table)
-        : src_(source), table_(table), toks_(Tokenize(source)) {}
-
-    NodePtr Parse() {
-        NodePtr root = ParseOr();
-        if (Peek().Kind != Tok::End) Fail(Peek().Pos, "unexpected " + Describe(Peek()));
-        return root;
+    explicit FilterSyntax(std::string_view source) : src_(source) {}
+    [[noreturn]] void Fail(const std::string& what, sql::SourcePos pos) const override {
+        SyntaxError(src_, sql::OffsetOf(src_, pos), what);
     }
 
 private:
-    const Token& Peek(std::size_t ahead = 0) const {
-        return toks_[std::min(at_ + ahead, toks_.size() - 1)];
-    }
-    const Token& Next() { return toks_[at_ < toks_.size() - 1 ? at_++ : at_]; }
+    std::string_view src_;
+};
 
-    bool IsWord(const Token& t, std::string_view word) const {
-        return t.Kind == Tok::Ident && SameName(t.Text, word);
-    }
+class Binder {
+public:
+    Binder(std::string_view source, const TableDef& table)
+        : src_(source), table_(table), syntax_(source) {}
 
-    [[noreturn]] void Fail(std::size_t pos, const std::string& what) const {
-        SyntaxError(src_, pos, what);
-    }
-
-    static std::string Describe(const Token& t) {
-        switch (t.Kind) {
-        case Tok::End:
-            return "end of filter";
-        case Tok::String:
-            return "'" + t.Text + "'";
-        case Tok::DqString:
-            return "\"" + t.Text + "\"";
-        case Tok::Bracket:
-            return "[" + t.Text + "]";
-        default:
-            return "'" + t.Text + "'";
-        }
+    NodePtr Parse() {
+        sql::LexRules rules;
+        rules.Comments = false;
+        sql::ExprPtr tree = sql::ReadExpression(src_, rules, syntax_, "end of filter");
+        return Bind(*tree);
     }
 
-    void Expect(Tok kind, std::string_view what) {
-        if (Peek().Kind != kind) Fail(Peek().Pos, "expected " + std::string(what));
-        Next();
+private:
+    [[noreturn]] void Fail(const sql::Expr& at, const std::string& what) const {
+        syntax_.Fail(what, at.Pos);
     }
 
-    void Deeper(ExpressionDepth::Scope& levels) {
-        if (!levels.Enter()) Fail(Peek().Pos, ExpressionTooDeep);
-    }
+    std::size_t Offset(const sql::Expr& e) const { return sql::OffsetOf(src_, e.Pos); }
 
-    NodePtr Binary(NodeKind kind, std::size_t pos, NodePtr left, NodePtr right) {
-        NodePtr n = MakeNode(kind, pos);
-        n->Kids.push_back(std::move(left));
-        n->Kids.push_back(std::move(right));
+    NodePtr ValueOf(const sql::Expr& e) {
+        NodePtr n = Bind(e);
+        if (n->IsCondition()) Fail(e, "expected a value, not a condition");
         return n;
     }
 
-    NodePtr RequireValue(NodePtr n) {
-        if (n->IsCondition()) Fail(n->Pos, "expected a value, not a condition");
+    NodePtr Kids(NodeKind kind, const sql::Expr& e, bool values) {
+        NodePtr n = MakeNode(kind, Offset(e));
+        for (const auto& arg : e.Args)
+            n->Kids.push_back(values ? ValueOf(*arg) : Bind(*arg));
         return n;
     }
 
-    NodePtr ParseOr() {
-        ExpressionDepth::Scope levels(depth_);
-        Deeper(levels);
-        NodePtr left = ParseAnd();
-        while (IsWord(Peek(), "or")) {
-            Deeper(levels);
-            const std::size_t pos = Next().Pos;
-            left = Binary(NodeKind::Or, pos, std::move(left), ParseAnd());
-        }
-        return left;
-    }
-
-    NodePtr ParseAnd() {
-        ExpressionDepth::Scope levels(depth_);
-        NodePtr left = ParseNot();
-        while (IsWord(Peek(), "and")) {
-            Deeper(levels);
-            const std::size_t pos = Next().Pos;
-            left = Binary(NodeKind::And, pos, std::move(left), ParseNot());
-        }
-        return left;
-    }
-
-    NodePtr ParseNot() {
-        if (!IsWord(Peek(), "not")) return ParsePredicate();
-        ExpressionDepth::Scope levels(depth_);
-        Deeper(levels);
-        NodePtr n = MakeNode(NodeKind::Not, Next().Pos);
-        n->Kids.push_back(ParseNot());
-        return n;
-    }
-
-    static bool IsComparison(Tok t) {
-        return t == Tok::Eq || t == Tok::Ne || t == Tok::Lt || t == Tok::Le || t == Tok::Gt ||
-               t == Tok::Ge;
-    }
-
-    static CmpOp ComparisonOf(Tok t) {
-        switch (t) {
-        case Tok::Ne:
-            return CmpOp::Ne;
-        case Tok::Lt:
-            return CmpOp::Lt;
-        case Tok::Le:
-            return CmpOp::Le;
-        case Tok::Gt:
-            return CmpOp::Gt;
-        case Tok::Ge:
-            return CmpOp::Ge;
-        default:
-            return CmpOp::Eq;
-        }
-    }
-
-    NodePtr ParsePredicate() {
-        NodePtr left = ParseAdditive();
-        const Token& t = Peek();
-        if (IsComparison(t.Kind)) {
-            Next();
-            NodePtr n = Binary(NodeKind::Compare, t.Pos, RequireValue(std::move(left)),
-                               RequireValue(ParseAdditive()));
-            n->Cmp = ComparisonOf(t.Kind);
-            return n;
-        }
-        if (IsWord(t, "is")) {
-            NodePtr n = MakeNode(NodeKind::IsNull, Next().Pos);
-            if (IsWord(Peek(), "not")) {
-                Next();
-                n->Negated = true;
-            }
-            if (!IsWord(Peek(), "null")) Fail(Peek().Pos, "expected NULL after IS");
-            Next();
-            n->Kids.push_back(RequireValue(std::move(left)));
-            return n;
-        }
-        bool negated = false;
-        if (IsWord(t, "not") && (IsWord(Peek(1), "like") || IsWord(Peek(1), "in"))) {
-            Next();
-            negated = true;
-        }
-        if (IsWord(Peek(), "like")) {
-            NodePtr n = Binary(NodeKind::Like, Next().Pos, RequireValue(std::move(left)), nullptr);
-            n->Kids[1] = RequireValue(ParseAdditive());
-            n->Negated = negated;
-            return n;
-        }
-        if (IsWord(Peek(), "in")) {
-            NodePtr n = MakeNode(NodeKind::In, Next().Pos);
-            n->Negated = negated;
-            n->Kids.push_back(RequireValue(std::move(left)));
-            Expect(Tok::LParen, "'(' after IN");
-            n->Kids.push_back(RequireValue(ParseAdditive()));
-            while (Peek().Kind == Tok::Comma) {
-                Next();
-                n->Kids.push_back(RequireValue(ParseAdditive()));
-            }
-            Expect(Tok::RParen, "')'");
-            return n;
-        }
-        return left;
-    }
-
-    NodePtr ParseAdditive() {
-        ExpressionDepth::Scope levels(depth_);
-        NodePtr left = ParseMultiplicative();
-        while (Peek().Kind == Tok::Plus || Peek().Kind == Tok::Minus) {
-            Deeper(levels);
-            const Token& op = Next();
-            left = Binary(NodeKind::Arith, op.Pos, RequireValue(std::move(left)),
-                          RequireValue(ParseMultiplicative()));
-            left->ArithOp = op.Text[0];
-        }
-        return left;
-    }
-
-    NodePtr ParseMultiplicative() {
-        ExpressionDepth::Scope levels(depth_);
-        NodePtr left = ParseUnary();
-        while (Peek().Kind == Tok::Star || Peek().Kind == Tok::Slash) {
-            Deeper(levels);
-            const Token& op = Next();
-            left = Binary(NodeKind::Arith, op.Pos, RequireValue(std::move(left)),
-                          RequireValue(ParseUnary()));
-            left->ArithOp = op.Text[0];
-        }
-        return left;
-    }
-
-    NodePtr ParseUnary() {
-        ExpressionDepth::Scope levels(depth_);
-        Deeper(levels);
-        if (Peek().Kind == Tok::Plus) {
-            Next();
-            return RequireValue(ParseUnary());
-        }
-        if (Peek().Kind != Tok::Minus) return ParsePrimary();
-        const std::size_t pos = Next().Pos;
-        NodePtr operand = RequireValue(ParseUnary());
-        if (operand->Kind == NodeKind::Literal && operand->Lit == LitKind::Number) {
-            const Value& v = operand->Literal;
-            if (v.kind() == Value::Kind::Integer &&
-                v.Int() != std::numeric_limits<std::int64_t>::min())
-                operand->Literal = -v.Int();
-            else
-                operand->Literal = -ToFloat(v).Float();
-            if (operand->ExactMoney) operand->ExactMoney = -*operand->ExactMoney;
-            operand->NumberText = operand->NumberText.starts_with('-')
-                                      ? operand->NumberText.substr(1)
-                                      : "-" + operand->NumberText;
-            operand->Pos = pos;
-            return operand;
-        }
-        NodePtr n = MakeNode(NodeKind::Negate, pos);
-        n->Kids.push_back(std::move(operand));
-        return n;
-    }
-
-    NodePtr Literal(std::size_t pos, LitKind kind, Value value) {
-        NodePtr n = MakeNode(NodeKind::Literal, pos);
+    NodePtr Literal(const sql::Expr& e, LitKind kind, store::Value value) {
+        NodePtr n = MakeNode(NodeKind::Literal, Offset(e));
         n->Lit = kind;
         n->Literal = std::move(value);
         return n;
     }
 
-    NodePtr FieldNode(std::size_t pos, std::string_view name) {
-        const FieldDef* f = table_.FindField(name);
+    NodePtr Field(const sql::Expr& e) {
+        if (!e.Qualifier.empty()) Fail(e, "a field of another table cannot stand in a filter");
+        // "text" names a field when the table has one by that name, else it is text.
+        if (e.Quote == '"' && !table_.FindField(e.Text)) return Literal(e, LitKind::Text, e.Text);
+        const FieldDef* f = table_.FindField(e.Text);
         if (!f)
-            ThrowEngineError(errFieldNotFound, "Field '" + std::string(name) +
-                                                   "' not found in table '" + table_.Name + "'");
-        NodePtr n = MakeNode(NodeKind::Field, pos);
+            ThrowEngineError(errFieldNotFound,
+                             "Field '" + e.Text + "' not found in table '" + table_.Name + "'");
+        NodePtr n = MakeNode(NodeKind::Field, Offset(e));
         n->Field = f;
         return n;
     }
 
-    NodePtr NumberNode(const Token& t) {
-        Value v;
-        if (t.Text.find('.') == std::string::npos) {
-            if (auto i = ParseInteger(t.Text))
+    NodePtr Number(const sql::Expr& e) {
+        store::Value v;
+        if (e.Text.find_first_of(".eE") == std::string::npos) {
+            if (auto i = ParseInteger(e.Text))
                 v = *i;
             else
-                v = ParseNumber(t.Text).value_or(0.0);
+                v = ParseNumber(e.Text).value_or(0.0);
         } else {
-            v = ParseNumber(t.Text).value_or(0.0);
+            v = ParseNumber(e.Text).value_or(0.0);
         }
-        NodePtr n = Literal(t.Pos, LitKind::Number, v);
-        n->NumberText = t.Text;
-        n->ExactMoney = ParseDecimalMoney(t.Text);
+        NodePtr n = Literal(e, LitKind::Number, v);
+        n->NumberText = e.Text;
+        n->ExactMoney = ParseDecimalMoney(e.Text);
         return n;
     }
 
-    NodePtr ParsePrimary() {
-        const Token& t = Peek();
-        switch (t.Kind) {
-        case Tok::Number:
-            return NumberNode(Next());
-        case Tok::String:
-            Next();
-            return Literal(t.Pos, LitKind::Text, t.Text);
-        case Tok::DqString:
-            Next();
-            if (table_.FindField(t.Text)) return FieldNode(t.Pos, t.Text);
-            return Literal(t.Pos, LitKind::Text, t.Text);
-        case Tok::Bracket:
-            Next();
-            return FieldNode(t.Pos, t.Text);
-        case Tok::LParen: {
-            Next();
-            NodePtr inner = ParseOr();
-            Expect(Tok::RParen, "')'");
-            return inner;
-        }
-        case Tok::Ident:
-            return ParseWord();
-        case Tok::End:
-            Fail(t.Pos, "expected a value");
-        default:
-            Fail(t.Pos, "expected a value but found " + Describe(t));
-        }
-    }
-
-    NodePtr ParseWord() {
-        const Token& t = Next();
-        if (SameName(t.Text, "true")) return Literal(t.Pos, LitKind::Boolean, true);
-        if (SameName(t.Text, "false")) return Literal(t.Pos, LitKind::Boolean, false);
-        if (SameName(t.Text, "null")) return Literal(t.Pos, LitKind::Null, Value());
-        for (std::string_view word : {"and", "or", "not", "like", "in", "is"})
-            if (SameName(t.Text, word)) Fail(t.Pos, "expected a value but found " + Describe(t));
-        if (Peek().Kind != Tok::LParen) return FieldNode(t.Pos, t.Text);
-
+    NodePtr Function(const sql::Expr& e) {
         std::string name;
         for (std::string_view func : {"UPPER", "LOWER", "TRIM"})
-            if (SameName(t.Text, func)) name = func;
-        if (name.empty()) Fail(t.Pos, "unknown function '" + t.Text + "'");
-        Next();
-        NodePtr n = MakeNode(NodeKind::Func, t.Pos);
+            if (SameName(e.Text, func)) name = func;
+        if (name.empty()) Fail(e, "unknown function '" + e.Text + "'");
+        if (e.Star || e.Distinct || e.Args.size() != 1) Fail(e, name + " takes one value");
+        NodePtr n = Kids(NodeKind::Func, e, true);
         n->Func = name;
-        n->Kids.push_back(RequireValue(ParseOr()));
-        Expect(Tok::RParen, "')'");
         return n;
+    }
+
+    NodePtr Binary(const sql::Expr& e) {
+        using sql::BinaryOp;
+        switch (e.Op) {
+        case BinaryOp::And:
+            return Kids(NodeKind::And, e, false);
+        case BinaryOp::Or:
+            return Kids(NodeKind::Or, e, false);
+        case BinaryOp::Like: {
+            NodePtr n = Kids(NodeKind::Like, e, true);
+            n->Negated = e.Negated;
+            return n;
+        }
+        case BinaryOp::Add:
+        case BinaryOp::Subtract:
+        case BinaryOp::Multiply:
+        case BinaryOp::Divide: {
+            NodePtr n = Kids(NodeKind::Arith, e, true);
+            n->ArithOp = e.Op == BinaryOp::Add        ? '+'
+                         : e.Op == BinaryOp::Subtract ? '-'
+                         : e.Op == BinaryOp::Multiply ? '*'
+                                                      : '/';
+            return n;
+        }
+        case BinaryOp::Equal:
+        case BinaryOp::NotEqual:
+        case BinaryOp::Less:
+        case BinaryOp::LessEqual:
+        case BinaryOp::Greater:
+        case BinaryOp::GreaterEqual: {
+            NodePtr n = Kids(NodeKind::Compare, e, true);
+            n->Cmp = e.Op == BinaryOp::Equal       ? CmpOp::Eq
+                     : e.Op == BinaryOp::NotEqual  ? CmpOp::Ne
+                     : e.Op == BinaryOp::Less      ? CmpOp::Lt
+                     : e.Op == BinaryOp::LessEqual ? CmpOp::Le
+                     : e.Op == BinaryOp::Greater   ? CmpOp::Gt
+                                                   : CmpOp::Ge;
+            return n;
+        }
+        case BinaryOp::Modulo:
+        case BinaryOp::Concat:
+            break;
+        }
+        Fail(e, "this operator cannot stand in a filter");
+    }
+
+    NodePtr Bind(const sql::Expr& e) {
+        using sql::ExprKind;
+        switch (e.Kind) {
+        case ExprKind::Number:
+            return Number(e);
+        case ExprKind::String:
+            return Literal(e, LitKind::Text, e.Text);
+        case ExprKind::Boolean:
+            return Literal(e, LitKind::Boolean, e.BoolValue);
+        case ExprKind::Null:
+            return Literal(e, LitKind::Null, store::Value());
+        case ExprKind::Column:
+            return Field(e);
+        case ExprKind::Negate:
+            return Kids(NodeKind::Negate, e, true);
+        case ExprKind::Not:
+            return Kids(NodeKind::Not, e, false);
+        case ExprKind::Binary:
+            return Binary(e);
+        case ExprKind::InList:
+        case ExprKind::IsNull: {
+            NodePtr n = Kids(e.Kind == ExprKind::InList ? NodeKind::In : NodeKind::IsNull, e, true);
+            n->Negated = e.Negated;
+            return n;
+        }
+        case ExprKind::Function:
+            return Function(e);
+        default:
+            Fail(e, "a filter compares fields with values; this cannot stand in one");
+        }
     }
 
     std::string_view src_;
     const TableDef& table_;
-    std::vector<Token> toks_;
-    ExpressionDepth depth_;
-    std::size_t at_ = 0;
+    FilterSyntax syntax_;
 };
 
 // ----- SQL
@@ -1052,7 +802,7 @@ private:
 
 SqlFragment CompileFilter(std::string_view expression, const TableDef& table) {
     if (expression.find_first_not_of(" \t\r\n") == std::string_view::npos) return {};
-    NodePtr root = Parser(expression, table).Parse();
+    NodePtr root = Binder(expression, table).Parse();
     return Compiler(expression).Condition(*root, false);
 }
 

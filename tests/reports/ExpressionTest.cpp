@@ -39,6 +39,8 @@ TEST(Expression, ArithmeticFollowsPrecedenceAndKeepsKinds) {
     EXPECT_EQ(Eval("1.5 + 1"), Value(2.5));
     EXPECT_EQ(Eval("'Page' + ' ' + \"one\""), Value("Page one"));
     EXPECT_EQ(Eval("'it''s'"), Value("it's"));
+    // No comments in an expression: two minus signs are two minus signs.
+    EXPECT_EQ(Eval("2--1"), Value(std::int64_t{3}));
 }
 
 TEST(Expression, ComparisonsAndLogic) {
@@ -52,15 +54,31 @@ TEST(Expression, ComparisonsAndLogic) {
 }
 
 TEST(Expression, BadTextGivesAClearError) {
-    EXPECT_EQ(ErrorOf("SUM(Amount"), "Error in expression 'SUM(Amount': unknown field 'Amount'");
-    EXPECT_EQ(ErrorOf("(1 + 2"), "Error in expression '(1 + 2': ')' expected at the end");
-    EXPECT_EQ(ErrorOf("1 +"), "Error in expression '1 +': a value is missing at the end");
+    EXPECT_EQ(ErrorOf("SUM(Amount"),
+              "Error in expression 'SUM(Amount': expected ')' but found end of expression at the "
+              "end");
+    EXPECT_EQ(ErrorOf("SUM(Amount)"), "Error in expression 'SUM(Amount)': unknown field 'Amount'");
+    EXPECT_EQ(ErrorOf("(1 + 2"),
+              "Error in expression '(1 + 2': expected ')' but found end of expression at the end");
+    EXPECT_EQ(ErrorOf("1 +"),
+              "Error in expression '1 +': expected an expression but found end of expression at "
+              "the end");
     EXPECT_EQ(ErrorOf("1 2"), "Error in expression '1 2': unexpected '2' at position 3");
     EXPECT_EQ(ErrorOf("'open"),
-              "Error in expression ''open': the string is not closed at position 1");
+              "Error in expression ''open': unterminated string at position 1");
     EXPECT_EQ(ErrorOf("FOO(1)"),
               "Error in expression 'FOO(1)': unknown function 'FOO' at position 1");
-    EXPECT_EQ(ErrorOf("1 # 2"), "Error in expression '1 # 2': unexpected '#' at position 3");
+    EXPECT_EQ(ErrorOf("1 # 2"),
+              "Error in expression '1 # 2': unexpected character '#' at position 3");
+    // The store's SQL reads more than a report computes: what it cannot is refused by place.
+    EXPECT_EQ(ErrorOf("1 || 2"),
+              "Error in expression '1 || 2': this operator cannot stand in a report expression at "
+              "position 3");
+    EXPECT_EQ(ErrorOf("CASE WHEN 1 = 1 THEN 2 END"),
+              "Error in expression 'CASE WHEN 1 = 1 THEN 2 END': this cannot stand in a report "
+              "expression at position 1");
+    EXPECT_EQ(ErrorOf("COUNT(1)"),
+              "Error in expression 'COUNT(1)': COUNT takes no value at position 1");
     EXPECT_EQ(ErrorOf("SUM(SUM(1))"),
               "Error in expression 'SUM(SUM(1))': an aggregate cannot hold another at position 5");
     EXPECT_EQ(ErrorOf("'a' * 2"), "Error in expression ''a' * 2': Cannot multiply text and number");

@@ -260,7 +260,8 @@ TEST_F(FilterExpression, BlankFilterSelectsEverything) {
 TEST_F(FilterExpression, SyntaxErrorsSayWhatAndWhere) {
     auto [code, message] = ErrorOf("(Completed = true");
     EXPECT_EQ(code, errFilterSyntax);
-    EXPECT_EQ(message, "Filter error: expected ')' at position 17 in: (Completed = true");
+    EXPECT_EQ(message, "Filter error: expected ')' but found end of filter at position 17 in: "
+                       "(Completed = true");
 
     for (const char* bad : {"Qty = 3 and", "Qty =", "Qty = 3 or or Qty = 4", "and Qty = 3",
                             "Qty = 3)", "Qty 3", "Qty = 3 = 4", "Name IN 'a'", "Qty = #",
@@ -270,8 +271,20 @@ TEST_F(FilterExpression, SyntaxErrorsSayWhatAndWhere) {
         EXPECT_EQ(m.rfind("Filter error: ", 0), 0u) << m;
         EXPECT_NE(m.find(std::string("in: ") + bad), std::string::npos) << m;
     }
-    EXPECT_NE(ErrorOf("Qty = 3 and").second.find("expected a value at position 11"),
+    EXPECT_NE(ErrorOf("Qty = 3 and")
+                  .second.find("expected an expression but found end of filter at position 11"),
               std::string::npos);
+    // The filter reads the SQL dialect's expressions; what a filter cannot hold is refused by
+    // name and place, never handed on.
+    EXPECT_EQ(ErrorOf("Qty BETWEEN 1 AND 3").second,
+              "Filter error: a filter compares fields with values; this cannot stand in one at "
+              "position 4 in: Qty BETWEEN 1 AND 3");
+    EXPECT_EQ(ErrorOf("Qty IN (SELECT Qty FROM t)").second,
+              "Filter error: a query is not allowed here at position 8 in: "
+              "Qty IN (SELECT Qty FROM t)");
+    EXPECT_EQ(ErrorOf("t.Qty = 1").first, errFilterSyntax);
+    EXPECT_EQ(ErrorOf("Qty = :n").first, errFilterSyntax);
+    EXPECT_EQ(ErrorOf("Name || 'a' = 'b'").first, errFilterSyntax);
     EXPECT_NE(ErrorOf("Name = 'abc").second.find("unterminated string at position 7"),
               std::string::npos);
     EXPECT_EQ(ErrorOf("Name = 'abc").first, errFilterSyntax);

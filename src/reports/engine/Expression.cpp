@@ -1,10 +1,9 @@
 #include "reports/engine/Expression.h"
 
-#include "core/ExpressionDepth.h"
-
 #include "reports/engine/ExpressionError.h"
 #include "reports/engine/ValueArithmetic.h"
 #include "store/Field.h"
+#include "store/sql/ExpressionReader.h"
 
 #include <algorithm>
 #include <cctype>
@@ -150,14 +149,6 @@ struct Aggregate : Node {
     Value extreme;
 };
 
-enum class Tok { End, Number, String, Name, Op, LParen, RParen, Comma };
-
-struct Token {
-    Tok kind = Tok::End;
-    std::string text;
-    std::size_t pos = 0;
-};
-
 std::string Upper(std::string_view s) {
     std::string u(s);
     std::transform(u.begin(), u.end(), u.begin(),
@@ -165,304 +156,143 @@ std::string Upper(std::string_view s) {
     return u;
 }
 
-class Parser {
+// Report expressions are read by the store's one expression reader: "text" is text here, and
+// the aggregates are functions; the tree is then made into nodes that evaluate rows.
+class ReportSyntax : public store::sql::SyntaxSink {
 public:
-    Parser(const std::string& text, const FieldResolver& resolver)
-        : text_(text), resolver_(resolver) {
-        Advance();
+    explicit ReportSyntax(const std::string& text) : text_(text) {}
+    [[noreturn]] void Fail(const std::string& what, store::sql::SourcePos pos) const override {
+        const std::size_t at = store::sql::OffsetOf(text_, pos);
+        const std::string where =
+            at >= text_.size() ? " at the end" : " at position " + std::to_string(at + 1);
+        throw ExpressionError("Error in expression '" + text_ + "': " + what + where);
     }
 
+private:
+    const std::string& text_;
+};
+
+class Binder {
+public:
+    Binder(const std::string& text, const FieldResolver& resolver)
+        : text_(text), resolver_(resolver), syntax_(text) {}
+
     NodePtr ParseAll() {
-        NodePtr n = ParseOr();
-        if (tok_.kind != Tok::End) Fail("unexpected '" + tok_.text + "'");
-        return n;
+        store::sql::LexRules rules;
+        rules.DoubleQuotedText = true;
+        rules.Comments = false;
+        store::sql::ExprPtr tree =
+            store::sql::ReadExpression(text_, rules, syntax_, "end of expression");
+        return Bind(*tree);
     }
 
     bool sawAggregate = false;
 
 private:
-    [[noreturn]] void Fail(const std::string& what) const {
-        const std::string where =
-            tok_.kind == Tok::End ? " at the end" : " at position " + std::to_string(tok_.pos + 1);
-        throw ExpressionError("Error in expression '" + text_ + "': " + what + where);
+    using Expr = store::sql::Expr;
+
+    [[noreturn]] void Fail(const Expr& at, const std::string& what) const {
+        syntax_.Fail(what, at.Pos);
     }
 
-    void Advance() {
-        std::size_t i = pos_;
-        while (i < text_.size() && std::isspace(static_cast<unsigned char>(text_[i])))
-            ++i;
-        tok_ = Token{Tok::End, "", i};
-        if (i >= text_.size()) {
-            pos_ = i;
-            return;
-        }
-        const char c = text_[i];
-        auto isNameChar = [](char ch) {
-            return std::isalnum(static_cast<unsigned char>(ch)) || ch == '_';
-        };
-        if (std::isdigit(static_cast<unsigned char>(c)) ||
-            (c == '.' && i + 1 < text_.size() &&
-             std::isdigit(static_cast<unsigned char>(text_[i + 1])))) {
-            std::size_t j = i;
-            bool dot = false;
-            while (j < text_.size() && (std::isdigit(static_cast<unsigned char>(text_[j])) ||
-                                        (text_[j] == '.' && !dot))) {
-                dot = dot || text_[j] == '.';
-                ++j;
-            }
-            tok_ = Token{Tok::Number, text_.substr(i, j - i), i};
-            pos_ = j;
-        } else if (c == '\'' || c == '"') {
-            std::string s;
-            std::size_t j = i + 1;
-            for (;; ++j) {
-                if (j >= text_.size()) {
-                    tok_ = Token{Tok::String, text_.substr(i), i};
-                    Fail("the string is not closed");
-                }
-                if (text_[j] == c) {
-                    if (j + 1 < text_.size() && text_[j + 1] == c) {
-                        s += c;
-                        ++j;
-                        continue;
-                    }
-                    break;
-                }
-                s += text_[j];
-            }
-            tok_ = Token{Tok::String, s, i};
-            pos_ = j + 1;
-        } else if (std::isalpha(static_cast<unsigned char>(c)) || c == '_') {
-            std::size_t j = i;
-            while (j < text_.size() && isNameChar(text_[j]))
-                ++j;
-            // Table.Field stays one name; the resolver splits it.
-            if (j + 1 < text_.size() && text_[j] == '.' &&
-                (std::isalpha(static_cast<unsigned char>(text_[j + 1])) || text_[j + 1] == '_')) {
-                ++j;
-                while (j < text_.size() && isNameChar(text_[j]))
-                    ++j;
-            }
-            tok_ = Token{Tok::Name, text_.substr(i, j - i), i};
-            pos_ = j;
-        } else if (c == '(' || c == ')' || c == ',') {
-            tok_ = Token{c == '('   ? Tok::LParen
-                         : c == ')' ? Tok::RParen
-                                    : Tok::Comma,
-                         std::string(1, c), i};
-            pos_ = i + 1;
-        } else {
-            static const char* ops[] = {"<>", "<=", ">=", "+", "-", "*", "/", "=", "<", ">"};
-            for (const char* op : ops) {
-                if (text_.compare(i, std::char_traits<char>::length(op), op) == 0) {
-                    tok_ = Token{Tok::Op, op, i};
-                    pos_ = i + std::char_traits<char>::length(op);
-                    return;
-                }
-            }
-            tok_ = Token{Tok::Op, std::string(1, c), i};
-            Fail("unexpected '" + tok_.text + "'");
+    NodePtr Number(const Expr& e) {
+        try {
+            if (e.Text.find_first_of(".eE") == std::string::npos)
+                return std::make_unique<Literal>(
+                    Value(static_cast<std::int64_t>(std::stoll(e.Text))));
+            return std::make_unique<Literal>(Value(std::stod(e.Text)));
+        } catch (const std::logic_error&) { // out of range or not a number after all
+            Fail(e, "the number " + e.Text + " is out of range");
         }
     }
 
-    bool IsKeyword(const char* word) const {
-        return tok_.kind == Tok::Name && Upper(tok_.text) == word;
-    }
-    bool IsOp(const char* op) const { return tok_.kind == Tok::Op && tok_.text == op; }
-
-    void Deeper(ExpressionDepth::Scope& levels) const {
-        if (!levels.Enter()) Fail(ExpressionTooDeep);
-    }
-
-    NodePtr ParseOr() {
-        ExpressionDepth::Scope levels(depth_);
-        Deeper(levels);
-        NodePtr n = ParseAnd();
-        while (IsKeyword("OR")) {
-            Deeper(levels);
-            Advance();
-            n = std::make_unique<Binary>(BinaryOp::Or, std::move(n), ParseAnd());
-        }
-        return n;
-    }
-
-    NodePtr ParseAnd() {
-        ExpressionDepth::Scope levels(depth_);
-        NodePtr n = ParseNot();
-        while (IsKeyword("AND")) {
-            Deeper(levels);
-            Advance();
-            n = std::make_unique<Binary>(BinaryOp::And, std::move(n), ParseNot());
-        }
-        return n;
-    }
-
-    NodePtr ParseNot() {
-        if (IsKeyword("NOT")) {
-            ExpressionDepth::Scope levels(depth_);
-            Deeper(levels);
-            Advance();
-            return std::make_unique<Unary>(false, ParseNot());
-        }
-        return ParseComparison();
-    }
-
-    NodePtr ParseComparison() {
-        NodePtr n = ParseAdditive();
-        static const std::pair<const char*, BinaryOp> ops[] = {
-            {"=", BinaryOp::Equal},   {"<>", BinaryOp::NotEqual},  {"<", BinaryOp::Less},
-            {">", BinaryOp::Greater}, {"<=", BinaryOp::LessEqual}, {">=", BinaryOp::GreaterEqual}};
-        for (const auto& [text, op] : ops) {
-            if (IsOp(text)) {
-                Advance();
-                return std::make_unique<Binary>(op, std::move(n), ParseAdditive());
-            }
-        }
-        return n;
-    }
-
-    NodePtr ParseAdditive() {
-        ExpressionDepth::Scope levels(depth_);
-        NodePtr n = ParseMultiplicative();
-        while (IsOp("+") || IsOp("-")) {
-            Deeper(levels);
-            const BinaryOp op = tok_.text == "+" ? BinaryOp::Add : BinaryOp::Subtract;
-            Advance();
-            n = std::make_unique<Binary>(op, std::move(n), ParseMultiplicative());
-        }
-        return n;
-    }
-
-    NodePtr ParseMultiplicative() {
-        ExpressionDepth::Scope levels(depth_);
-        NodePtr n = ParseUnary();
-        while (IsOp("*") || IsOp("/")) {
-            Deeper(levels);
-            const BinaryOp op = tok_.text == "*" ? BinaryOp::Multiply : BinaryOp::Divide;
-            Advance();
-            n = std::make_unique<Binary>(op, std::move(n), ParseUnary());
-        }
-        return n;
-    }
-
-    NodePtr ParseUnary() {
-        ExpressionDepth::Scope levels(depth_);
-        Deeper(levels);
-        if (IsOp("-")) {
-            Advance();
-            return std::make_unique<Unary>(true, ParseUnary());
-        }
-        if (IsOp("+")) {
-            Advance();
-            return ParseUnary();
-        }
-        return ParsePrimary();
-    }
-
-    void Expect(Tok kind, const char* what) {
-        if (tok_.kind != kind) Fail(std::string("'") + what + "' expected");
-        Advance();
-    }
-
-    NodePtr ParsePrimary() {
-        const Token t = tok_;
-        switch (t.kind) {
-        case Tok::Number: {
-            Advance();
-            try {
-                if (t.text.find('.') == std::string::npos)
-                    return std::make_unique<Literal>(
-                        Value(static_cast<std::int64_t>(std::stoll(t.text))));
-                return std::make_unique<Literal>(Value(std::stod(t.text)));
-            } catch (const std::logic_error&) { // out of range or not a number after all
-                Fail("the number " + t.text + " is out of range");
-            }
-        }
-        case Tok::String:
-            Advance();
-            return std::make_unique<Literal>(Value(t.text));
-        case Tok::LParen: {
-            Advance();
-            NodePtr n = ParseOr();
-            Expect(Tok::RParen, ")");
-            return n;
-        }
-        case Tok::Name:
-            return ParseName();
-        case Tok::End:
-            Fail("a value is missing");
-        default:
-            Fail("unexpected '" + t.text + "'");
-        }
-    }
-
-    NodePtr ParseName() {
-        const std::string upper = Upper(tok_.text);
-        if (upper == "TRUE" || upper == "FALSE") {
-            Advance();
-            return std::make_unique<Literal>(Value(upper == "TRUE"));
-        }
-        static const std::pair<const char*, AggregateKind> aggregates[] = {
-            {"SUM", AggregateKind::Sum},
-            {"COUNT", AggregateKind::Count},
-            {"MAX", AggregateKind::Max},
-            {"MIN", AggregateKind::Min},
-            {"AVERAGE", AggregateKind::Average}};
-        for (const auto& [name, kind] : aggregates) {
-            if (upper != name) continue;
-            const Token nameTok = tok_;
-            Advance();
-            if (kind == AggregateKind::Count) {
-                if (tok_.kind == Tok::LParen) { // COUNT and COUNT() are the same
-                    Advance();
-                    Expect(Tok::RParen, ")");
-                }
-                sawAggregate = true;
-                return std::make_unique<Aggregate>(kind, nullptr);
-            }
-            Expect(Tok::LParen, "(");
-            if (insideAggregate_) {
-                tok_ = nameTok;
-                Fail("an aggregate cannot hold another");
-            }
-            insideAggregate_ = true;
-            NodePtr arg = ParseOr();
-            insideAggregate_ = false;
-            Expect(Tok::RParen, ")");
-            sawAggregate = true;
-            return std::make_unique<Aggregate>(kind, std::move(arg));
-        }
-        if (upper == "AND" || upper == "OR" || upper == "NOT") Fail("a value is missing");
-        const Token nameTok = tok_;
-        const std::string name = tok_.text;
-        Advance();
-        if (tok_.kind == Tok::LParen) {
-            tok_ = nameTok;
-            Fail("unknown function '" + name + "'");
-        }
-        const auto dot = name.find('.');
-        store::Field* field = dot == std::string::npos
-                                  ? resolver_("", name)
-                                  : resolver_(std::string_view(name).substr(0, dot),
-                                              std::string_view(name).substr(dot + 1));
+    NodePtr Field(const Expr& e) {
+        if (e.Qualifier.empty() && Upper(e.Text) == "COUNT")
+            return Aggregated(e, AggregateKind::Count);
+        const std::string name = e.Qualifier.empty() ? e.Text : e.Qualifier + "." + e.Text;
+        store::Field* field = resolver_(e.Qualifier, e.Text);
         if (!field)
             throw ExpressionError("Error in expression '" + text_ + "': unknown field '" + name +
                                   "'");
         return std::make_unique<FieldRef>(*field);
     }
 
+    NodePtr Aggregated(const Expr& e, AggregateKind kind) {
+        if (insideAggregate_) Fail(e, "an aggregate cannot hold another");
+        sawAggregate = true;
+        if (kind == AggregateKind::Count) { // COUNT, COUNT() and COUNT(*) are the same
+            if (!e.Args.empty()) Fail(e, "COUNT takes no value");
+            return std::make_unique<Aggregate>(kind, nullptr);
+        }
+        if (e.Star || e.Args.size() != 1) Fail(e, Upper(e.Text) + " takes one value");
+        insideAggregate_ = true;
+        NodePtr arg = Bind(*e.Args[0]);
+        insideAggregate_ = false;
+        return std::make_unique<Aggregate>(kind, std::move(arg));
+    }
+
+    NodePtr Function(const Expr& e) {
+        static const std::pair<const char*, AggregateKind> aggregates[] = {
+            {"SUM", AggregateKind::Sum},
+            {"COUNT", AggregateKind::Count},
+            {"MAX", AggregateKind::Max},
+            {"MIN", AggregateKind::Min},
+            {"AVERAGE", AggregateKind::Average}};
+        for (const auto& [name, kind] : aggregates)
+            if (Upper(e.Text) == name) return Aggregated(e, kind);
+        Fail(e, "unknown function '" + e.Text + "'");
+    }
+
+    NodePtr Operation(const Expr& e) {
+        using Sql = store::sql::BinaryOp;
+        static const std::pair<Sql, BinaryOp> ops[] = {
+            {Sql::Add, BinaryOp::Add},           {Sql::Subtract, BinaryOp::Subtract},
+            {Sql::Multiply, BinaryOp::Multiply}, {Sql::Divide, BinaryOp::Divide},
+            {Sql::Equal, BinaryOp::Equal},       {Sql::NotEqual, BinaryOp::NotEqual},
+            {Sql::Less, BinaryOp::Less},         {Sql::LessEqual, BinaryOp::LessEqual},
+            {Sql::Greater, BinaryOp::Greater},   {Sql::GreaterEqual, BinaryOp::GreaterEqual},
+            {Sql::And, BinaryOp::And},           {Sql::Or, BinaryOp::Or}};
+        for (const auto& [sql, op] : ops)
+            if (e.Op == sql)
+                return std::make_unique<Binary>(op, Bind(*e.Args[0]), Bind(*e.Args[1]));
+        Fail(e, "this operator cannot stand in a report expression");
+    }
+
+    NodePtr Bind(const Expr& e) {
+        using store::sql::ExprKind;
+        switch (e.Kind) {
+        case ExprKind::Number:
+            return Number(e);
+        case ExprKind::String:
+            return std::make_unique<Literal>(Value(e.Text));
+        case ExprKind::Boolean:
+            return std::make_unique<Literal>(Value(e.BoolValue));
+        case ExprKind::Null:
+            return std::make_unique<Literal>(Value());
+        case ExprKind::Column:
+            return Field(e);
+        case ExprKind::Negate:
+        case ExprKind::Not:
+            return std::make_unique<Unary>(e.Kind == ExprKind::Negate, Bind(*e.Args[0]));
+        case ExprKind::Binary:
+            return Operation(e);
+        case ExprKind::Function:
+            return Function(e);
+        default:
+            Fail(e, "this cannot stand in a report expression");
+        }
+    }
+
     const std::string& text_;
     const FieldResolver& resolver_;
-    std::size_t pos_ = 0;
-    Token tok_;
+    ReportSyntax syntax_;
     bool insideAggregate_ = false;
-    ExpressionDepth depth_;
 };
 
 } // namespace
 
 Expression::Expression(std::string text, const FieldResolver& resolver) : text_(std::move(text)) {
-    Parser parser(text_, resolver);
+    Binder parser(text_, resolver);
     root_ = parser.ParseAll();
     hasAggregates_ = parser.sawAggregate;
 }

@@ -19,8 +19,7 @@ ExprPtr MakeExpr(ExprKind kind, SourcePos pos) {
 TypeSpec ExpressionParser::ParseTypeSpec() {
     TypeSpec spec;
     spec.Pos = Peek().Pos;
-    if (Peek().Kind != TokenKind::Word)
-        Fail("expected a type name but found " + DescribeToken(Peek()));
+    if (Peek().Kind != TokenKind::Word) Fail("expected a type name but found " + Describe(Peek()));
     const Token& name = Next();
     static const struct {
         std::string_view Word;
@@ -40,7 +39,7 @@ TypeSpec ExpressionParser::ParseTypeSpec() {
     };
     auto found = std::find_if(std::begin(names), std::end(names),
                               [&](const auto& n) { return name.IsWord(n.Word); });
-    if (found == std::end(names)) ThrowSqlSyntax("unknown type '" + name.Text + "'", name.Pos);
+    if (found == std::end(names)) FailAt("unknown type '" + name.Text + "'", name.Pos);
     spec.Type = found->Type;
     if (name.IsWord("DOUBLE")) AcceptWord("PRECISION");
     if (AcceptSymbol("(")) {
@@ -49,13 +48,12 @@ TypeSpec ExpressionParser::ParseTypeSpec() {
         if (AcceptSymbol(",")) ExpectCount("a scale");
         ExpectSymbol(")");
         if (spec.Type == FieldType::String) {
-            if (size < 1 || size > 32767)
-                ThrowSqlSyntax("a string size must be from 1 to 32767", spec.Pos);
+            if (size < 1 || size > 32767) FailAt("a string size must be from 1 to 32767", spec.Pos);
             spec.Size = static_cast<int>(size);
         }
     }
     if (spec.Type == FieldType::String && spec.Size == 0) {
-        if (name.IsWord("VARCHAR")) ThrowSqlSyntax("VARCHAR needs a size", spec.Pos);
+        if (name.IsWord("VARCHAR")) FailAt("VARCHAR needs a size", spec.Pos);
         spec.Size = 1;
     }
     return spec;
@@ -265,9 +263,9 @@ ExprPtr ExpressionParser::ParsePrimary() {
             ExpectSymbol(")");
             return inner;
         }
-        Fail("expected an expression but found " + DescribeToken(t));
+        Fail("expected an expression but found " + Describe(t));
     case TokenKind::End:
-        Fail("expected an expression but found end of statement");
+        Fail("expected an expression but found " + Describe(t));
     case TokenKind::Word:
         break;
     }
@@ -281,7 +279,7 @@ ExprPtr ExpressionParser::ParsePrimary() {
     if (AcceptWord("EXISTS")) {
         auto e = MakeExpr(ExprKind::Exists, pos);
         ExpectSymbol("(");
-        if (!Peek().IsWord("SELECT")) Fail("expected SELECT but found " + DescribeToken(Peek()));
+        if (!Peek().IsWord("SELECT")) Fail("expected SELECT but found " + Describe(Peek()));
         e->Select = std::make_unique<SelectStatement>(ParseSelectStatement());
         ExpectSymbol(")");
         return e;
@@ -293,12 +291,13 @@ ExprPtr ExpressionParser::ParsePrimary() {
         if (t.IsWord("SUBSTRING")) return ParseSubstring();
         if (!IsReservedWord(t)) return ParseFunction();
     }
-    if (IsReservedWord(t)) Fail("expected an expression but found " + DescribeToken(t));
+    if (IsReservedWord(t)) Fail("expected an expression but found " + Describe(t));
     return ParseColumnRef();
 }
 
 ExprPtr ExpressionParser::ParseColumnRef() {
     auto e = MakeExpr(ExprKind::Column, Peek().Pos);
+    e->Quote = Peek().Quote;
     NamePos first = ExpectName("a column name");
     if (AcceptSymbol(".")) {
         e->Qualifier = first.Name;
@@ -312,7 +311,7 @@ ExprPtr ExpressionParser::ParseColumnRef() {
 ExprPtr ExpressionParser::ParseCase(SourcePos pos) {
     auto e = MakeExpr(ExprKind::Case, pos);
     e->Args.push_back(Peek().IsWord("WHEN") ? nullptr : ParseExpr());
-    if (!Peek().IsWord("WHEN")) Fail("expected WHEN but found " + DescribeToken(Peek()));
+    if (!Peek().IsWord("WHEN")) Fail("expected WHEN but found " + Describe(Peek()));
     while (AcceptWord("WHEN")) {
         e->Args.push_back(ParseExpr());
         ExpectWord("THEN");
@@ -358,7 +357,7 @@ ExprPtr ExpressionParser::ParseExtract() {
     ExpectSymbol("(");
     const Token& part = Peek();
     if (!(part.IsWord("YEAR") || part.IsWord("MONTH") || part.IsWord("DAY")))
-        Fail("expected YEAR, MONTH or DAY but found " + DescribeToken(part));
+        Fail("expected YEAR, MONTH or DAY but found " + Describe(part));
     e->Text = part.IsWord("YEAR") ? "YEAR" : part.IsWord("MONTH") ? "MONTH" : "DAY";
     Next();
     ExpectWord("FROM");

@@ -30,7 +30,7 @@ enum class ExprKind {
     Boolean, // BoolValue
     Null,
     Parameter, // Text is the name without the colon
-    Column,    // Qualifier (may be empty) and Text
+    Column,    // Qualifier (may be empty) and Text; Quote as the name was written
     Negate,    // Args[0]
     Not,       // Args[0]
     Binary,    // Op, Args[0] and Args[1]
@@ -73,6 +73,7 @@ struct Expr {
     bool Negated = false;
     bool Distinct = false;
     bool Star = false;
+    char Quote = 0;
     std::vector<ExprPtr> Args;
     std::unique_ptr<SelectStatement> Select;
     TypeSpec CastType;

@@ -12,4 +12,13 @@ void ThrowSqlSyntax(const std::string& what, SourcePos pos) {
     ThrowEngineError(errSqlSyntax, "SQL error: " + what + PositionText(pos));
 }
 
+void SyntaxSink::Fail(const std::string& what, SourcePos pos) const {
+    ThrowSqlSyntax(what, pos);
+}
+
+const SyntaxSink& SqlSyntax() {
+    static const SyntaxSink sql;
+    return sql;
+}
+
 } // namespace corvane::store::sql

@@ -16,4 +16,15 @@ std::string PositionText(SourcePos pos);
 // Raises EngineError(errSqlSyntax, "SQL error: <what> at line L, column C").
 [[noreturn]] void ThrowSqlSyntax(const std::string& what, SourcePos pos);
 
+// Where the reader of an expression or statement sends what it could not read. SQL raises its
+// own error; a filter or a report expression words the fault its own way, for its own caller.
+// Fail never returns.
+class SyntaxSink {
+public:
+    virtual ~SyntaxSink() = default;
+    [[noreturn]] virtual void Fail(const std::string& what, SourcePos pos) const;
+};
+// The SQL statements' sink: ThrowSqlSyntax.
+const SyntaxSink& SqlSyntax();
+
 } // namespace corvane::store::sql

@@ -32,7 +32,8 @@ bool IsDigit(char c) {
 
 class Lexer {
 public:
-    explicit Lexer(std::string_view text) : text_(text) {}
+    Lexer(std::string_view text, const LexRules& rules, const SyntaxSink& sink)
+        : text_(text), rules_(rules), sink_(sink) {}
 
     std::vector<Token> Run() {
         std::vector<Token> tokens;
@@ -71,6 +72,8 @@ private:
             char c = Peek();
             if (std::isspace(static_cast<unsigned char>(c))) {
                 Advance();
+            } else if (!rules_.Comments) {
+                return;
             } else if (c == '-' && Peek(1) == '-') {
                 while (at_ < text_.size() && Peek() != '\n')
                     Advance();
@@ -80,7 +83,7 @@ private:
                 Advance();
                 while (at_ < text_.size() && !(Peek() == '*' && Peek(1) == '/'))
                     Advance();
-                if (at_ >= text_.size()) ThrowSqlSyntax("unterminated comment", start);
+                if (at_ >= text_.size()) sink_.Fail("unterminated comment", start);
                 Advance();
                 Advance();
             } else {
@@ -101,11 +104,16 @@ private:
         } else if (c == '\'') {
             t.Kind = TokenKind::String;
             t.Text = ReadQuoted('\'', "unterminated string");
+        } else if (c == '"' && rules_.DoubleQuotedText) {
+            t.Kind = TokenKind::String;
+            t.Text = ReadQuoted('"', "unterminated string");
         } else if (c == '"') {
             t.Kind = TokenKind::QuotedName;
+            t.Quote = c;
             t.Text = ReadQuoted('"', "unterminated quoted name");
         } else if (c == '[') {
             t.Kind = TokenKind::QuotedName;
+            t.Quote = c;
             t.Text = ReadQuoted(']', "unterminated name in brackets");
         } else if (c == ':' && IsWordChar(Peek(1))) {
             t.Kind = TokenKind::Parameter;
@@ -135,7 +143,7 @@ private:
                 Advance();
         }
         t.Text = std::string(text_.substr(t.Offset, at_ - t.Offset));
-        if (IsWordStart(Peek())) ThrowSqlSyntax("malformed number", t.Pos);
+        if (IsWordStart(Peek())) sink_.Fail("malformed number", t.Pos);
     }
 
     // Reads a quoted run; the closing quote written twice stands for itself.
@@ -144,7 +152,7 @@ private:
         Advance();
         std::string value;
         for (;;) {
-            if (at_ >= text_.size()) ThrowSqlSyntax(unterminated, start);
+            if (at_ >= text_.size()) sink_.Fail(unterminated, start);
             char c = Peek();
             if (c == close) {
                 if (Peek(1) == close) {
@@ -174,20 +182,23 @@ private:
         }
         char c = Peek();
         if (std::string_view("(),.*+-/%=<>;").find(c) == std::string_view::npos)
-            ThrowSqlSyntax(std::string("unexpected character '") + c + "'", pos_);
+            sink_.Fail(std::string("unexpected character '") + c + "'", pos_);
         t.Text = std::string(1, c);
         Advance();
     }
 
     std::string_view text_;
+    const LexRules& rules_;
+    const SyntaxSink& sink_;
     std::size_t at_ = 0;
     SourcePos pos_;
 };
 
 } // namespace
 
-std::vector<Token> TokenizeSql(std::string_view text) {
-    return Lexer(text).Run();
+std::vector<Token> TokenizeSql(std::string_view text, const LexRules& rules,
+                               const SyntaxSink& sink) {
+    return Lexer(text, rules, sink).Run();
 }
 
 } // namespace corvane::store::sql

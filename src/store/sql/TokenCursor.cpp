@@ -2,6 +2,7 @@
 
 #include <algorithm>
 #include <charconv>
+#include <cstdlib>
 
 namespace corvane::store::sql {
 
@@ -67,17 +68,25 @@ bool TokenCursor::AcceptSymbol(std::string_view symbol) {
 }
 
 void TokenCursor::ExpectWord(std::string_view word) {
-    if (!AcceptWord(word))
-        Fail("expected " + std::string(word) + " but found " + DescribeToken(Peek()));
+    if (!AcceptWord(word)) Fail("expected " + std::string(word) + " but found " + Describe(Peek()));
 }
 
 void TokenCursor::ExpectSymbol(std::string_view symbol) {
     if (!AcceptSymbol(symbol))
-        Fail("expected '" + std::string(symbol) + "' but found " + DescribeToken(Peek()));
+        Fail("expected '" + std::string(symbol) + "' but found " + Describe(Peek()));
 }
 
 void TokenCursor::Fail(const std::string& what) const {
-    ThrowSqlSyntax(what, Peek().Pos);
+    FailAt(what, Peek().Pos);
+}
+
+void TokenCursor::FailAt(const std::string& what, SourcePos pos) const {
+    sink_->Fail(what, pos);
+    std::abort(); // every sink throws, which a call through the base cannot promise
+}
+
+std::string TokenCursor::Describe(const Token& t) const {
+    return t.Kind == TokenKind::End ? endName_ : DescribeToken(t);
 }
 
 bool TokenCursor::AtName() const {
@@ -86,7 +95,7 @@ bool TokenCursor::AtName() const {
 }
 
 NamePos TokenCursor::ExpectName(const char* what) {
-    if (!AtName()) Fail(std::string("expected ") + what + " but found " + DescribeToken(Peek()));
+    if (!AtName()) Fail(std::string("expected ") + what + " but found " + Describe(Peek()));
     const Token& t = Next();
     return {t.Text, t.Pos};
 }
@@ -101,7 +110,7 @@ long long TokenCursor::ExpectCount(const char* what) {
             return n;
         }
     }
-    Fail(std::string("expected ") + what + " but found " + DescribeToken(t));
+    Fail(std::string("expected ") + what + " but found " + Describe(t));
 }
 
 } // namespace corvane::store::sql

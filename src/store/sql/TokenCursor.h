@@ -19,6 +19,12 @@ std::string DescribeToken(const Token& t);
 class TokenCursor {
 public:
     explicit TokenCursor(std::string_view text) : text_(text), tokens_(TokenizeSql(text)) {}
+    // Text that is not a statement: a filter or a report expression, with its own rules, its own
+    // way of telling a fault, and its own name for where it ends ("end of filter").
+    TokenCursor(std::string_view text, const LexRules& rules, const SyntaxSink& sink,
+                std::string endName)
+        : text_(text), tokens_(TokenizeSql(text, rules, sink)), sink_(&sink),
+          endName_(std::move(endName)) {}
 
 protected:
     const Token& Peek(std::size_t ahead = 0) const;
@@ -29,6 +35,9 @@ protected:
     void ExpectWord(std::string_view word);
     void ExpectSymbol(std::string_view symbol);
     [[noreturn]] void Fail(const std::string& what) const;
+    [[noreturn]] void FailAt(const std::string& what, SourcePos pos) const;
+    // A token as this text's messages quote it.
+    std::string Describe(const Token& t) const;
 
     // A name: a word that is no keyword, or a quoted name.
     bool AtName() const;
@@ -39,6 +48,8 @@ protected:
     std::string_view text_;
     std::vector<Token> tokens_;
     std::size_t at_ = 0;
+    const SyntaxSink* sink_ = &SqlSyntax();
+    std::string endName_ = "end of statement";
 };
 
 } // namespace corvane::store::sql
