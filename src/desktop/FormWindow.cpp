@@ -198,6 +198,9 @@ QSize FormWindow::LeastSize() const {
     // or a memo is never left showing a few lines only.
     QSize least = sizeHint();
     if (HasGrowingContent()) least = least.expandedTo(QSize(520, 380));
+    // A list asks for all its columns, but never for more than the screen.
+    if (QScreen* screen = QGuiApplication::primaryScreen())
+        least = least.boundedTo(screen->availableSize());
     return least;
 }
 

@@ -15,8 +15,28 @@
 
 namespace corvane::desktop {
 
+namespace {
+
+// A table view that asks for the width of all its columns, so that a window opens wide enough to
+// show them; the layout may still give it less.
+class ColumnsView : public QTableView {
+public:
+    QSize sizeHint() const override {
+        QSize hint = QTableView::sizeHint();
+        int columns = 0;
+        for (int c = 0; c < horizontalHeader()->count(); ++c)
+            if (!isColumnHidden(c)) columns += columnWidth(c);
+        const int frame = 2 * frameWidth();
+        const int bar = style()->pixelMetric(QStyle::PM_ScrollBarExtent, nullptr, this);
+        hint.setWidth(std::max(hint.width(), columns + frame + bar));
+        return hint;
+    }
+};
+
+} // namespace
+
 GridBinding::GridBinding(FormWindow& window, ui::Grid& grid)
-    : ControlBinding(window, grid), grid_(grid), view_(new QTableView),
+    : ControlBinding(window, grid), grid_(grid), view_(new ColumnsView),
       model_(new GridTableModel(grid, view_)) {
     view_->setModel(model_);
     // A grid typed into marks its cell; a list marks the whole row.

@@ -73,16 +73,28 @@ QVariant GridTableModel::data(const QModelIndex& index, int role) const {
                         CursorRow() == index.row();
     if (role == Qt::BackgroundRole && typing) return QColor(255, 250, 205);
     if (role == Qt::TextAlignmentRole) {
-        auto visible = VisibleColumns();
-        if (index.column() >= static_cast<int>(visible.size())) return {};
-        return Alignment(grid_->Columns[static_cast<std::size_t>(
-            visible[static_cast<std::size_t>(index.column())])]);
+        const ui::GridColumn* column = ColumnAt(index.column());
+        return column ? QVariant(Alignment(*column)) : QVariant();
     }
-    if (role != Qt::DisplayRole) return {};
-    if (typing) return QString::fromStdString(grid_->EditorText());
+    if (role != Qt::DisplayRole && role != Qt::CheckStateRole) return {};
+    if (typing)
+        return role == Qt::DisplayRole ? QString::fromStdString(grid_->EditorText()) : QVariant();
+    const ui::GridColumn* column = ColumnAt(index.column());
+    const bool flag = column && grid_->ShowsCheckBox(*column);
+    if (flag != (role == Qt::CheckStateRole)) return {};
     const std::vector<std::string>* row = Row(index.row());
     if (!row || index.column() >= static_cast<int>(row->size())) return {};
-    return QString::fromStdString((*row)[static_cast<std::size_t>(index.column())]);
+    const std::string& text = (*row)[static_cast<std::size_t>(index.column())];
+    // A flag's cell is its box alone: ticked for yes, empty for no, nothing for a null.
+    if (flag)
+        return text.empty() ? QVariant() : QVariant(text == "True" ? Qt::Checked : Qt::Unchecked);
+    return QString::fromStdString(text);
+}
+
+const ui::GridColumn* GridTableModel::ColumnAt(int column) const {
+    auto visible = VisibleColumns();
+    if (column < 0 || column >= static_cast<int>(visible.size())) return nullptr;
+    return &grid_->Columns[static_cast<std::size_t>(visible[static_cast<std::size_t>(column)])];
 }
 
 void GridTableModel::Reload() {

@@ -60,6 +60,8 @@ private:
     const std::vector<std::string>* Row(int row) const;
     void Fetch(int row) const;
     std::vector<int> VisibleColumns() const;
+    // The grid's column shown in a column of the view; null past the last.
+    const ui::GridColumn* ColumnAt(int column) const;
     // Qt's alignment of the column's cells and title.
     int Alignment(const ui::GridColumn& column) const;
 

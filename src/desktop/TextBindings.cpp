@@ -13,6 +13,8 @@
 #include <QLineEdit>
 #include <QPlainTextEdit>
 #include <QSpinBox>
+#include <QStyle>
+#include <QStyleOptionFrame>
 #include <QToolButton>
 
 #include <climits>
@@ -93,6 +95,21 @@ void EditBinding::PullState() {
     // when it changed.
     int maxLength = edit_.MaxLength > 0 ? edit_.MaxLength : 32767;
     if (line_->maxLength() != maxLength) line_->setMaxLength(maxLength);
+    const Qt::Alignment alignment =
+        (edit_.RightAligned() ? Qt::AlignRight : Qt::AlignLeft) | Qt::AlignVCenter;
+    if (line_->alignment() != alignment) line_->setAlignment(alignment);
+    if (edit_.ShownChars > 0 && shownChars_ != edit_.ShownChars) {
+        // Sized in the box's own font, so that a name of the longest length the field holds
+        // shows whole: the advance of a lower-case 'n' stands for an average letter.
+        shownChars_ = edit_.ShownChars;
+        QStyleOptionFrame frame;
+        frame.initFrom(line_);
+        const QSize text(line_->fontMetrics().horizontalAdvance(QString(shownChars_, u'n')),
+                         line_->fontMetrics().height());
+        const QSize box =
+            line_->style()->sizeFromContents(QStyle::CT_LineEdit, &frame, text, line_);
+        line_->setMinimumWidth(box.width() + 2 * 2);
+    }
     ShowText(*line_, edit_);
 }
 

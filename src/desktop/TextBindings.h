@@ -33,6 +33,7 @@ private:
     ui::CustomEdit& edit_;
     QLineEdit* line_;
     QWidget* outer_;
+    int shownChars_ = 0;
 };
 
 // A date: the text box and a button that opens the calendar.

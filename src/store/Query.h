@@ -48,6 +48,7 @@ public:
     // it, and the next open prepares it again on the new connection.
     void DatabaseClosing() override;
 
+    Database& OwnerDatabase() const { return db_; }
     void SetSQL(const std::string& text);
     const std::string& SQL() const { return sql_; }
 

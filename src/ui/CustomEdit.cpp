@@ -42,6 +42,13 @@ bool CustomEdit::IsReadOnly() const {
     return ReadOnly || (link_ && !link_->CanModify());
 }
 
+bool CustomEdit::RightAligned() const {
+    if (AlignRight) return true;
+    const store::Field* field = link_ ? link_->Field() : nullptr;
+    // A key shown by the name it stands for reads as text.
+    return field && store::IsNumericType(field->DataType()) && !field->OnGetText;
+}
+
 void CustomEdit::SetText(std::string text) {
     bool write = link_ && text != text_ && link_->Edit();
     ChangeText(std::move(text), write);

@@ -29,6 +29,11 @@ public:
     // Shown in place of each character, for passwords; 0 shows the text.
     char PasswordChar = 0;
     bool ReadOnly = false;
+    // An unbound box of amounts: its text stands at the right, as in a grid.
+    bool AlignRight = false;
+    // At least this many characters of text show without scrolling; 0 leaves the width to the
+    // layout.
+    int ShownChars = 0;
     void SetEditMask(std::string_view mask) { mask_ = EditMask(mask); }
     std::function<void()> OnChange;
 
@@ -64,6 +69,8 @@ public:
     FieldDataLink* DataLink() const { return link_.get(); }
     // True when the user cannot change the text: ReadOnly, or a field that cannot be changed.
     bool IsReadOnly() const;
+    // Numbers stand at the right: AlignRight, or a bound numeric field shown as a number.
+    bool RightAligned() const;
 
     void CommitEdit() override;
 

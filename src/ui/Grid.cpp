@@ -81,6 +81,11 @@ bool Grid::RightAligned(const GridColumn& column) const {
     return field && store::IsNumericType(field->DataType()) && !field->OnGetText;
 }
 
+bool Grid::ShowsCheckBox(const GridColumn& column) const {
+    const store::Field* field = dataSet_.FindField(column.FieldName);
+    return field && field->DataType() == store::FieldType::Boolean && !field->OnGetText;
+}
+
 std::string Grid::WidestText(const GridColumn& column) const {
     const store::Field* field = dataSet_.FindField(column.FieldName);
     if (!field) return {};

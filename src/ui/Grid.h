@@ -67,6 +67,8 @@ public:
     // Numbers stand to the right of their cells, as in every column of figures; texts, dates
     // and flags to the left.
     bool RightAligned(const GridColumn& column) const;
+    // A yes/no flag shows as a check box in its cell, ticked for yes.
+    bool ShowsCheckBox(const GridColumn& column) const;
     // The widest text the column's field shows by its display format (a money format's largest
     // amount, a date in the short date format); empty for texts, whose width the form sets.
     std::string WidestText(const GridColumn& column) const;

@@ -42,9 +42,8 @@ protected:
     static std::string Pages(reports::TrptBase& report, int* pageCount = nullptr) {
         report.QuickReport.PrintedAt =
             reports::ReportTimestamp{Date::FromYmd(2017, 6, 30), 9, 15, 0};
-        report.Open();
         reports::ReportDocument document;
-        report.QuickReport.Prepare(document);
+        report.Produce(document);
         if (pageCount) *pageCount = document.PageCount();
         return reports::TextRenderer(reports::TextRenderer::PageBreak::PageMarker).Render(document);
     }

@@ -122,6 +122,7 @@ keys Escape
 # The wizard of a new company, cancelled with the lists open.
 main_keys alt+f c n
 wait_for "Add New Company" || exit 1
+shot add-company
 xdotool type --delay 50 "Wizard Co"
 keys Return
 wait_for "New Company Wizard" || exit 1

@@ -71,6 +71,7 @@ TfrmGettingStarted::TfrmGettingStarted(ui::Application& app, store::Database& db
     lblCurrencyName.FocusControl = &editCurrencyName;
     lblBankName.FocusControl = &editBankName;
     lblTaxName.FocusControl = &editTaxName;
+    editRate.AlignRight = true;
     lblRate.FocusControl = &editRate;
     lblFinishReady.Caption =
         "You have now entered all the basic information to begin using " + app.Title + ".";

@@ -3,6 +3,7 @@
 #include "core/Exception.h"
 #include "ledger/accounts/TfrmGLAccountSearch.h"
 #include "store/Query.h"
+#include "store/tables/CompanyTables.h"
 #include "ui/Application.h"
 #include "ui/Form.h"
 
@@ -32,6 +33,11 @@ AccountBox::AccountBox(ui::Edit& box, store::DataSet& dataSet, std::string idFie
                        store::Database& db, AccountBoxShows shows)
     : box_(box), dataSet_(dataSet), idField_(std::move(idField)), db_(db), shows_(shows),
       link_(dataSet, idField_, [this] { ShowStored(); }) {
+    // The box is as wide as the longest number or name an account can have.
+    box_.ShownChars =
+        store::tables::GLAccnt()
+            .FindField(shows_ == AccountBoxShows::Number ? "GLAccount" : "AccountName")
+            ->Size;
     box_.OnKeyPress = [this](char& ch) { KeyPress(ch); };
     box_.OnKeyDown = [this](ui::Key& key, ui::Modifiers mods) {
         if (key == ui::Key::Enter && mods.Ctrl) {

@@ -38,6 +38,7 @@ TfrmARReports::TfrmARReports(ui::Application& app, store::Database& db)
     lstReports.SetItemIndex(0);
     lstReports.OnDblClick = [this] { ShowOptions(); };
     editAsOfDate.SetText(DateToStr(Date::Today()));
+    editMinOwing.AlignRight = true;
 
     SetLayout(Column{
         FormRow{lblReports, lstReports},

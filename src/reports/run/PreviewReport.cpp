@@ -12,40 +12,36 @@
 #include "ui/WaitCursor.h"
 
 #include <fstream>
+#include <optional>
 
 namespace corvane::reports {
 
 void PreviewReport(ui::Application& app, std::unique_ptr<TrptBase> report) {
     RequirePrinter(app);
     auto document = std::make_shared<ReportDocument>();
-    {
-        ui::WaitCursor wait(app);
-        report->ApplyPaper(app.ReportsOnA4());
-        report->Open();
-        document->title = report->QuickReport.ReportTitle;
-    }
-    const bool landscape = report->QuickReport.Page.Orientation == Orientation::Landscape;
-    TfrmPreview& preview = ShowPreview(app, document, landscape);
-    report->QuickReport.Prepare(*document);
+    report->ApplyPaper(app.ReportsOnA4());
+    std::optional<ui::WaitCursor> wait(std::in_place, app);
+    TfrmPreview* preview = nullptr;
+    report->Produce(*document, [&] {
+        wait.reset();
+        const bool landscape = report->QuickReport.Page.Orientation == Orientation::Landscape;
+        preview = &ShowPreview(app, document, landscape);
+    });
     // An empty report without PrintIfEmpty makes no page: nothing to look at.
-    if (document->PageCount() == 0 && !document->Cancelled()) preview.Close();
+    if (preview && document->PageCount() == 0 && !document->Cancelled()) preview->Close();
 }
 
 int ReportToFile(TrptBase& report, ReportFileKind kind, const std::string& path) {
     ReportDocument document;
-    report.Open();
-    document.title = report.QuickReport.ReportTitle;
+    report.Produce(document);
     if (kind == ReportFileKind::Pdf) {
-        report.QuickReport.Prepare(document);
         WritePdf(document, path);
         return document.PageCount();
     }
     if (kind == ReportFileKind::Workbook) {
-        report.QuickReport.Prepare(document);
         WriteWorkbook(document, path);
         return document.PageCount();
     }
-    report.QuickReport.Prepare(document);
     std::ofstream out(path, std::ios::binary | std::ios::trunc);
     if (!out) throw Exception("Could not create the text file " + path + ".");
     out << TextRenderer().Render(document);

@@ -13,7 +13,7 @@ const TableDef& APCheq() {
             {"BankID", FieldType::Integer, 0, Required},
             {"GLYear", FieldType::SmallInt},
             {"GLPeriod", FieldType::SmallInt},
-            {"ChequeDate", FieldType::Date},
+            {"ChequeDate", FieldType::Date, 0, false, DateFormat},
             {"ChequeAmount", FieldType::Currency, 0, false, MoneyFormat},
             {"Reconciled", FieldType::Boolean},
             {"Posted", FieldType::Boolean},

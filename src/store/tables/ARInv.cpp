@@ -12,7 +12,7 @@ const TableDef& ARInv() {
             {"InvoiceNo", FieldType::String, 10, Required},
             {"WarehouseID", FieldType::Integer},
             {"Description", FieldType::String, 60},
-            {"InvoiceDate", FieldType::Date, 0, Required},
+            {"InvoiceDate", FieldType::Date, 0, Required, DateFormat},
             {"InvoiceAmount", FieldType::Currency, 0, Required, MoneyFormat},
             {"PaidAmount", FieldType::Currency, 0, false, MoneyFormat},
             {"DiscTakenAmount", FieldType::Currency},

@@ -13,7 +13,7 @@ const TableDef& ARPmt() {
             {"BankID", FieldType::Integer, 0, Required},
             {"GLYear", FieldType::SmallInt},
             {"GLPeriod", FieldType::SmallInt},
-            {"PaymentDate", FieldType::Date, 0, Required},
+            {"PaymentDate", FieldType::Date, 0, Required, DateFormat},
             {"ChequeAmount", FieldType::Currency, 0, false, MoneyFormat},
             {"Posted", FieldType::Boolean},
             {"Reconciled", FieldType::Boolean},

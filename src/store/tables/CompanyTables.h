@@ -15,6 +15,8 @@ inline constexpr const char* MoneyFormat = "#,###,##0.00#;(#,###,##0.00#)";
 inline constexpr const char* LedgerFormat = "#,###,##0.00#;#,###,##0.00#CR";
 inline constexpr const char* PriceFormat = "#,###,##0.00###;(#,###,##0.00###)";
 inline constexpr const char* HoursFormat = "0.00#";
+// Dates of documents and history lines; the other dates show in the regional short date.
+inline constexpr const char* DateFormat = "dd mmm yy";
 
 const TableDef& APCheq();
 const TableDef& APChqCtl();

@@ -17,7 +17,7 @@ const TableDef& GLHist() {
             {"Source", FieldType::String, 2, Required},
             {"TransType", FieldType::String, 3},
             {"JVNumber", FieldType::Integer, 0, Required},
-            {"TransDate", FieldType::Date, 0, Required},
+            {"TransDate", FieldType::Date, 0, Required, DateFormat},
             {"Amount", FieldType::Currency, 0, Required, LedgerFormat},
             {"TransDescription", FieldType::String, 60},
             {"VendorID", FieldType::Integer},

@@ -10,7 +10,7 @@ const TableDef& IAdjust() {
             {"AdjustmentID", FieldType::Integer, 0, Required},
             {"GLYear", FieldType::SmallInt, 0, Required},
             {"GLPeriod", FieldType::SmallInt, 0, Required},
-            {"AdjDate", FieldType::Date, 0, Required},
+            {"AdjDate", FieldType::Date, 0, Required, DateFormat},
             {"AdjDescription", FieldType::String, 50, Required},
             {"WarehouseID", FieldType::Integer, 0, Required},
             {"Posted", FieldType::Boolean},

@@ -13,7 +13,7 @@ const TableDef& IHist() {
             {"GLYear", FieldType::SmallInt},
             {"GLPeriod", FieldType::SmallInt},
             {"TransType", FieldType::SmallInt},
-            {"TransDate", FieldType::Date},
+            {"TransDate", FieldType::Date, 0, false, DateFormat},
             {"Quantity", FieldType::Float},
             {"UnitCost", FieldType::Currency, 0, false, PriceFormat},
             {"TransDescription", FieldType::String, 50},

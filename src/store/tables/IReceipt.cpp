@@ -11,7 +11,7 @@ const TableDef& IReceipt() {
             {"ReceiptNo", FieldType::String, 10, Required},
             {"GLYear", FieldType::SmallInt, 0, Required},
             {"GLPeriod", FieldType::SmallInt, 0, Required},
-            {"ReceiptDate", FieldType::Date, 0, Required},
+            {"ReceiptDate", FieldType::Date, 0, Required, DateFormat},
             {"PurchaseOrderNo", FieldType::String, 10},
             {"VendorID", FieldType::Integer},
             {"WarehouseID", FieldType::Integer, 0, Required},

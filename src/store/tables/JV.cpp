@@ -13,7 +13,7 @@ const TableDef& JV() {
             {"JVNumber", FieldType::Integer, 0, Required},
             {"Source", FieldType::String, 2, Required},
             {"TransType", FieldType::String, 3},
-            {"TransDate", FieldType::Date, 0, Required},
+            {"TransDate", FieldType::Date, 0, Required, DateFormat},
             {"TransDescription", FieldType::String, 60, Required},
             {"VendorID", FieldType::Integer},
             {"APInvoiceID", FieldType::Integer},

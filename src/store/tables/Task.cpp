@@ -13,7 +13,7 @@ const TableDef& Task() {
             {"TaskName", FieldType::String, 100},
             {"TaskTypeID", FieldType::Integer},
             {"Notes", FieldType::Memo},
-            {"DueDate", FieldType::Date},
+            {"DueDate", FieldType::Date, 0, false, DateFormat},
             {"Completed", FieldType::Boolean},
             {"EmployeeID", FieldType::Integer},
             {"EstimatedHours", FieldType::Float, 0, false, HoursFormat},

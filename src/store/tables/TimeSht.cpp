@@ -12,7 +12,7 @@ const TableDef& TimeSht() {
             {"JobID", FieldType::Integer},
             {"TaskID", FieldType::Integer},
             {"EmployeeID", FieldType::Integer},
-            {"WorkDate", FieldType::Date},
+            {"WorkDate", FieldType::Date, 0, false, DateFormat},
             {"Hours", FieldType::Float, 0, false, HoursFormat},
             {"Notes", FieldType::Memo},
             {"InvoiceNo", FieldType::String, 10},

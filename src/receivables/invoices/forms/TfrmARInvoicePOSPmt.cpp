@@ -30,6 +30,7 @@ TfrmARInvoicePOSPmt::TfrmARInvoicePOSPmt(ui::Application& app, store::Database& 
             currency.Lookup("CurrencyID", {store::Value(*h.CurrencyID)}, "CurrencyName");
         lblCurrency.Caption = name.IsNull() ? "" : name.Str();
     }
+    editAmount.AlignRight = true;
     editAmount.SetText(
         h.Payment.Amount.IsZero() ? "" : FormatFloat("0.00", h.Payment.Amount.ToDouble()));
     if (h.Payment.PaidBy) cboPaidBy.SetItemIndex(*h.Payment.PaidBy - 1);

@@ -86,9 +86,8 @@ void TfrmARInvoicesPrint::Print() {
 
     ui::WaitCursor wait(App());
     TrptARInvoice report(db_, id_);
-    report.Open();
     reports::ReportDocument document;
-    report.QuickReport.Prepare(document);
+    report.Produce(document);
     if (document.PageCount() == 0) return;
     reports::PrintJob job;
     job.printerIndex = request.printerIndex;

@@ -1,0 +1,40 @@
+// Another workstation changing the company at a moment the test chooses. It opens the company,
+// prints "ready", waits until the start file exists, runs the statement in one transaction
+// (waiting for the lock as any writer does) and prints "committed". A failure prints
+// "error: <message>" and exits 2.
+//
+//   ledger_sql_writer <company folder> <start file> <statement>
+
+#include "store/Database.h"
+#include "store/Session.h"
+#include "store/sql/Connection.h"
+
+#include <chrono>
+#include <exception>
+#include <filesystem>
+#include <iostream>
+#include <thread>
+
+int main(int argc, char** argv) {
+    if (argc != 4) {
+        std::cerr << "usage: ledger_sql_writer <company folder> <start file> <statement>\n";
+        return 64;
+    }
+    try {
+        corvane::store::Session session;
+        corvane::store::Database db(session);
+        db.SetDirectory(argv[1]);
+        db.Open();
+        std::cout << "ready" << std::endl;
+        for (int i = 0; i < 20000 && !std::filesystem::exists(argv[2]); ++i)
+            std::this_thread::sleep_for(std::chrono::milliseconds(1));
+        db.StartTransaction({});
+        db.Conn().Exec(argv[3]);
+        db.Commit();
+        std::cout << "committed" << std::endl;
+        return 0;
+    } catch (const std::exception& e) {
+        std::cout << "error: " << e.what() << std::endl;
+        return 2;
+    }
+}
