@@ -8,6 +8,7 @@
 #include "desktop/MonthCalendarBinding.h"
 #include "desktop/PageControlBinding.h"
 #include "desktop/ReportPageBinding.h"
+#include "desktop/RichEditBinding.h"
 #include "desktop/TextBindings.h"
 #include "reports/preview/ReportPageView.h"
 #include "ui/Button.h"
@@ -23,6 +24,7 @@
 #include "ui/PageControl.h"
 #include "ui/ProgressBar.h"
 #include "ui/RadioGroup.h"
+#include "ui/RichEdit.h"
 #include "ui/SpinEdit.h"
 #include "ui/StatusBar.h"
 #include "ui/ToolBar.h"
@@ -57,6 +59,8 @@ std::unique_ptr<ControlBinding> MakeBinding(FormWindow& window, ui::Control& con
     if (auto* x = dynamic_cast<ui::Grid*>(c)) return std::make_unique<GridBinding>(window, *x);
     if (auto* x = dynamic_cast<reports::ReportPageView*>(c))
         return std::make_unique<ReportPageBinding>(window, *x);
+    if (auto* x = dynamic_cast<ui::RichEdit*>(c))
+        return std::make_unique<RichEditBinding>(window, *x);
     if (auto* x = dynamic_cast<ui::Memo*>(c)) return std::make_unique<MemoBinding>(window, *x);
     if (auto* x = dynamic_cast<ui::DateEdit*>(c))
         return std::make_unique<DateEditBinding>(window, *x);

@@ -202,10 +202,15 @@ bool SpinBinding::RoutesKey(const QKeyEvent& event) const {
 
 void SpinBinding::PullState() {
     bool limited = spin_.MinValue != 0 || spin_.MaxValue != 0;
-    box_->setRange(limited ? spin_.MinValue : INT_MIN, limited ? spin_.MaxValue : INT_MAX);
+    // A word in place of a number ("<All>") shows as Qt's special text, one below the range.
+    const bool word = limited && !spin_.ShowsNumber();
+    box_->setSpecialValueText(word ? Q(spin_.Text()) : QString());
+    box_->setRange(limited ? spin_.MinValue - (word ? 1 : 0) : INT_MIN,
+                   limited ? spin_.MaxValue : INT_MAX);
     box_->setSingleStep(spin_.Increment);
     box_->setReadOnly(spin_.IsReadOnly());
-    if (box_->value() != spin_.Value()) box_->setValue(spin_.Value());
+    const int shown = word ? box_->minimum() : spin_.Value();
+    if (box_->value() != shown) box_->setValue(shown);
 }
 
 // ----- combo box

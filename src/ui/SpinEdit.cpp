@@ -21,6 +21,13 @@ int SpinEdit::Value() const {
     return Clamp(value);
 }
 
+bool SpinEdit::ShowsNumber() const {
+    std::string text = Text();
+    long long value = 0;
+    auto [end, error] = std::from_chars(text.data(), text.data() + text.size(), value);
+    return error == std::errc() && end == text.data() + text.size();
+}
+
 void SpinEdit::SetValue(int value) {
     SetText(std::to_string(Clamp(value)));
 }

@@ -16,6 +16,8 @@ public:
     // The number shown; MinValue when the text is not a number.
     int Value() const;
     void SetValue(int value);
+    // False while the box shows a word in place of a number ("<All>").
+    bool ShowsNumber() const;
     // A click on the up or down button.
     void Step(bool up);
 

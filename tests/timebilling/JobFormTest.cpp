@@ -1,5 +1,6 @@
 #include "timebilling/TimeBillingFormsFixture.h"
 #include "timebilling/forms/TfrmJob.h"
+#include "timebilling/forms/TfrmJobNotes.h"
 #include "timebilling/forms/TfrmJobs.h"
 #include "ui/FormDriver.h"
 
@@ -148,4 +149,47 @@ TEST_F(JobFormTest, OutstandingAndFilterCaptions) {
     d.Click("mnuOutstanding");
     EXPECT_EQ(list.Caption, "Jobs");
     EXPECT_EQ(list.tblJob.RecordCount(), 2);
+}
+
+TEST_F(JobFormTest, NotesPopUpKeepsPlainTextHeadlessAndCancelPutsItBack) {
+    AddJob(1, 1, "Site");
+    FormDriver d(List());
+    d.Click("mnuEdit");
+    TfrmJob& form = JobForm();
+    FormDriver f(form);
+    f.EnterText("memNotes", "Bring the ladder");
+    // Formatting asks a host that draws rich text; headless the text stays plain and whole.
+    f.Click("popNotesBold");
+    f.Click("popNotesUnderline");
+    EXPECT_EQ(f.Text("memNotes"), "Bring the ladder");
+    EXPECT_TRUE(f.Checked("popNotesWordWrap"));
+    f.Click("popNotesWordWrap");
+    EXPECT_FALSE(form.memNotes.WordWrap);
+
+    host.ScriptModal("frmJobNotes", [](ui::Form& notes) {
+        FormDriver n(notes);
+        EXPECT_EQ(n.Text("memNotes"), "Bring the ladder");
+        n.EnterText("memNotes", "Nothing to bring");
+        n.Click("btnCancel");
+    });
+    f.Click("popNotesEdit");
+    EXPECT_EQ(f.Text("memNotes"), "Bring the ladder");
+
+    // Find starts in the find box and selects the next place, letter case aside.
+    host.ScriptModal("frmJobNotes", [this](ui::Form& notes) {
+        FormDriver n(notes);
+        EXPECT_EQ(n.FocusedName(), "editFind");
+        n.EnterText("editFind", "LADDER");
+        n.Click("btnFindNext");
+        auto& memo = dynamic_cast<TfrmJobNotes&>(notes).memNotes;
+        EXPECT_EQ(memo.SelText(), "ladder");
+        n.EnterText("editFind", "rope");
+        n.Click("btnFindNext");
+        EXPECT_EQ(dialogs.LastText(), "'rope' not found");
+        n.EnterText("memNotes", "Bring the ladder and the rope");
+        n.Click("btnOK");
+    });
+    f.Click("popNotesFind");
+    f.Click("btnOK");
+    EXPECT_EQ(Scalar("SELECT Notes FROM Job WHERE JobID = 1"), "Bring the ladder and the rope");
 }

@@ -1,5 +1,7 @@
 #include "timebilling/forms/TfrmJob.h"
 
+#include "timebilling/forms/TfrmJobNotes.h"
+
 #include "core/Exception.h"
 #include "store/EngineError.h"
 #include "timebilling/domain/TimeTexts.h"
@@ -266,6 +268,13 @@ void TfrmJob::DropWork() {
 
 std::string TfrmJob::KeyViolationMessage() const {
     return "Job already exists";
+}
+
+void TfrmJob::OpenNotes(bool find) {
+    memNotes.CommitEdit();
+    auto& notes = App().CreateForm<TfrmJobNotes>(static_cast<store::DataSet&>(EntryTable));
+    notes.FindAtShow = find;
+    notes.ShowModal();
 }
 
 } // namespace corvane::timebilling

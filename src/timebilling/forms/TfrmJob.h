@@ -3,16 +3,17 @@
 #include "shell/patterns/EntryForm.h"
 #include "store/Table.h"
 #include "timebilling/domain/JobRules.h"
+#include "timebilling/forms/NotesMenu.h"
 #include "ui/Button.h"
 #include "ui/DBCheckBox.h"
 #include "ui/DBEdit.h"
 #include "ui/DBLookupComboBox.h"
-#include "ui/DBMemo.h"
 #include "ui/DateEdit.h"
 #include "ui/FieldDataLink.h"
 #include "ui/Grid.h"
 #include "ui/Menu.h"
 #include "ui/MenuItem.h"
+#include "ui/RichEdit.h"
 
 #include <optional>
 
@@ -42,7 +43,9 @@ public:
     ui::DBEdit editEstimatedPrice{*this, "editEstimatedPrice", EntryTable, "EstimatedPrice"};
     ui::DBEdit editMaximumPrice{*this, "editMaximumPrice", EntryTable, "MaximumPrice"};
     ui::DBEdit editFixedPrice{*this, "editFixedPrice", EntryTable, "FixedPrice"};
-    ui::DBMemo memNotes{*this, "memNotes", EntryTable, "Notes"};
+    // Rich text: kept as the window's rich text box writes it, plain where typed headless.
+    ui::DBRichEdit memNotes{*this, "memNotes", EntryTable, "Notes"};
+    NotesMenu notesMenu{*this, memNotes, [this] { OpenNotes(false); }, [this] { OpenNotes(true); }};
 
     ui::PopupMenu popTasks{*this, "popTasks"};
     ui::MenuItem popNewTask{popTasks, "popNewTask", "&New", "Ctrl+Ins"};
@@ -59,6 +62,8 @@ public:
     void MoveLine(int direction);
     void NewLine();
     void DeleteLine();
+    // The notes in their own window, starting in its find box when find is asked.
+    void OpenNotes(bool find);
 
 protected:
     std::string KeyViolationMessage() const override;
