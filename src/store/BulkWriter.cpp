@@ -6,6 +6,8 @@
 #include "store/TableDef.h"
 #include "store/sql/Connection.h"
 
+#include <algorithm>
+
 namespace corvane::store {
 
 namespace {
@@ -39,6 +41,13 @@ BulkInsert::BulkInsert(Database& db, const std::string& table,
         marks += marks.empty() ? "?" : ", ?";
     }
     sql_ = "INSERT INTO " + Qualified(def) + " (" + names + ") VALUES (" + marks + ")";
+    // Within the engine's oldest limit of bound values in one statement.
+    constexpr std::size_t kMostValues = 999, kMostRows = 64;
+    batchRows_ = std::max<std::size_t>(
+        1, std::min(kMostRows, kMostValues / std::max<std::size_t>(1, fields_)));
+    batchSql_ = sql_;
+    for (std::size_t row = 1; row < batchRows_; ++row)
+        batchSql_ += ", (" + marks + ")";
 }
 
 RowRef BulkInsert::Add(const std::vector<Value>& values) {
@@ -49,6 +58,31 @@ RowRef BulkInsert::Add(const std::vector<Value>& values) {
     s.BindAll(values);
     s.Step();
     return RowRef(db_.Conn().LastInsertRowId());
+}
+
+void BulkInsert::Queue(const std::vector<Value>& values) {
+    if (values.size() != fields_)
+        ThrowEngineError(errInvalidValue, "Wrong number of values for a bulk insert");
+    queued_.insert(queued_.end(), values.begin(), values.end());
+    if (queued_.size() < batchRows_ * fields_) return;
+    Statement& s = db_.Conn().Cached(batchSql_);
+    StatementRun run(s);
+    s.BindAll(queued_);
+    queued_.clear();
+    s.Step();
+}
+
+void BulkInsert::Flush() {
+    if (queued_.empty()) return;
+    std::vector<Value> rest;
+    rest.swap(queued_);
+    Statement& s = db_.Conn().Cached(sql_);
+    for (std::size_t at = 0; at < rest.size(); at += fields_) {
+        StatementRun run(s);
+        s.BindAll(std::vector<Value>(rest.begin() + static_cast<std::ptrdiff_t>(at),
+                                     rest.begin() + static_cast<std::ptrdiff_t>(at + fields_)));
+        s.Step();
+    }
 }
 
 BulkLookup::BulkLookup(Database& db, const std::string& table,

@@ -37,11 +37,20 @@ public:
     BulkInsert(Database& db, const std::string& table, const std::vector<std::string>& fields);
     // One value per field, in the order named.
     RowRef Add(const std::vector<Value>& values);
+    // The same row, written later with others in one statement: a table with many indexes
+    // costs a statement's setup once for the batch instead of once a row. The rows are in the
+    // table only after Flush (or once a batch is full); the caller flushes before it reads the
+    // table or commits.
+    void Queue(const std::vector<Value>& values);
+    void Flush();
 
 private:
     Database& db_;
     std::string sql_;
     std::size_t fields_;
+    std::size_t batchRows_; // rows a full batch writes in one statement
+    std::string batchSql_;
+    std::vector<Value> queued_;
 };
 
 // Finds the first row whose key fields hold the given values (an empty value finds an empty

@@ -80,7 +80,7 @@ void LedgerWriter::WriteHistory(const Voucher& v, const HistoryRow& row) {
     };
     for (const auto& id : v.DocumentIds)
         values.push_back(Optional(id));
-    history_.Add(values);
+    history_.Queue(values);
 }
 
 LedgerWriter::YearTotals& LedgerWriter::Totals(const AccountKey& account, int year) {
@@ -120,6 +120,7 @@ void LedgerWriter::AddToTotals(const BalanceDelta& delta) {
 }
 
 void LedgerWriter::Flush() {
+    history_.Flush();
     if (historyIdsPending_) {
         db_.NoteAutoIncValue(store::Database::MainSchema, "GLHist", "GLHistID", *lastHistoryId_);
         historyIdsPending_ = false;
@@ -144,10 +145,12 @@ void LedgerWriter::Flush() {
 }
 
 std::int64_t LedgerWriter::CountHistory(std::int64_t jvid) {
+    history_.Flush();
     return store::CountRowsWhere(db_, "GLHist", "JVID", Value(jvid));
 }
 
 void LedgerWriter::DeleteHistory(std::int64_t jvid) {
+    history_.Flush();
     store::DeleteRowsWhere(db_, "GLHist", "JVID", Value(jvid));
 }
 

@@ -30,7 +30,17 @@ void Run(store::Database& db, const std::string& sql, const std::vector<Value>& 
 
 } // namespace
 
-InvoicePostingWriter::InvoicePostingWriter(store::Database& db) : db_(db) {
+InvoicePostingWriter::InvoicePostingWriter(store::Database& db)
+    : db_(db), vouchers_(db, "JV",
+                         {"JVID", "GLYear", "GLPeriod", "JVNumber", "Source", "TransType",
+                          "TransDate", "TransDescription", "CustomerID", "ARInvoiceID", "PaymentID",
+                          "JVAmount", "Posted", "AutoReverse"}),
+      voucherLines_(db, "JVDet",
+                    {"JVID", "Seq", "GLAccountID", "SubAccount1ID", "SubAccount2ID",
+                     "SubAccount3ID", "GLAmount"}),
+      stockHistory_(db, "IHist",
+                    {"IHistID", "ItemID", "WarehouseID", "GLYear", "GLPeriod", "TransType",
+                     "TransDate", "Quantity", "TransDescription", "ARInvoiceID"}) {
     {
         Statement& s = db_.Conn().Cached("SELECT NextJVID, NextJVNumber FROM main.JVCtl LIMIT 1");
         StatementRun run(s);
@@ -68,7 +78,10 @@ std::int64_t InvoicePostingWriter::NextJVNumber(int year, int period) {
     std::int64_t number = ledger::VoucherNumberToUse(jvNumber_.Next.value_or(0));
     Statement& s = db_.Conn().Cached(
         "SELECT 1 FROM main.JV WHERE GLYear = ? AND GLPeriod = ? AND JVNumber = ?");
-    // A number already taken in the period, by hand or by an earlier run, is passed over.
+    // A number already taken in the period, by hand or by an earlier run, is passed over. The
+    // vouchers of this run still waiting in the batch hold numbers below the next, never it,
+    // unless the numbers have just started again from the first: then they must be seen.
+    if (number != jvNumber_.Next.value_or(0)) vouchers_.Flush();
     for (;; ++number) {
         StatementRun run(s);
         s.BindAll({Value(year), Value(period), Value(number)});
@@ -100,21 +113,15 @@ std::int64_t InvoicePostingWriter::WriteVoucher(const VoucherToWrite& v, const V
                                                 std::optional<std::int64_t> paymentId) {
     const std::int64_t jvid = NextJVID();
     const std::int64_t number = NextJVNumber(at.GLYear, at.GLPeriod);
-    Run(db_,
-        "INSERT INTO main.JV (JVID, GLYear, GLPeriod, JVNumber, Source, TransType, TransDate, "
-        "TransDescription, CustomerID, ARInvoiceID, PaymentID, JVAmount, Posted, AutoReverse) "
-        "VALUES (?, ?, ?, ?, ?, ?, ?, ?, ?, ?, ?, ?, ?, ?)",
-        {Value(jvid), Value(at.GLYear), Value(at.GLPeriod), Value(number), Value("AR"),
-         Value(v.TransType), Value(at.TransDate), Value(v.TransDescription), Value(at.CustomerID),
-         Optional(arInvoiceId), Optional(paymentId), Value(v.JVAmount), Value(false),
-         Value(false)});
+    vouchers_.Queue({Value(jvid), Value(at.GLYear), Value(at.GLPeriod), Value(number), Value("AR"),
+                     Value(v.TransType), Value(at.TransDate), Value(v.TransDescription),
+                     Value(at.CustomerID), Optional(arInvoiceId), Optional(paymentId),
+                     Value(v.JVAmount), Value(false), Value(false)});
     for (const ledger::VoucherLine& line : v.Lines)
-        Run(db_,
-            "INSERT INTO main.JVDet (JVID, Seq, GLAccountID, SubAccount1ID, SubAccount2ID, "
-            "SubAccount3ID, GLAmount) VALUES (?, ?, ?, ?, ?, ?, ?)",
-            {Value(jvid), Value(line.Seq), Optional(line.Account.GLAccountID),
-             Optional(line.Account.SubAccount1ID), Optional(line.Account.SubAccount2ID),
-             Optional(line.Account.SubAccount3ID), Value(line.GLAmount)});
+        voucherLines_.Queue({Value(jvid), Value(line.Seq), Optional(line.Account.GLAccountID),
+                             Optional(line.Account.SubAccount1ID),
+                             Optional(line.Account.SubAccount2ID),
+                             Optional(line.Account.SubAccount3ID), Value(line.GLAmount)});
     return jvid;
 }
 
@@ -149,13 +156,10 @@ void InvoicePostingWriter::SellStock(const StockMove& move, const InvoiceToPost&
     lastHistoryId_ = lastHistoryId_
                          ? *lastHistoryId_ + 1
                          : db_.NextAutoInc(store::Database::MainSchema, "IHist", "IHistID");
-    Run(db_,
-        "INSERT INTO main.IHist (IHistID, ItemID, WarehouseID, GLYear, GLPeriod, TransType, "
-        "TransDate, Quantity, TransDescription, ARInvoiceID) VALUES (?, ?, ?, ?, ?, ?, ?, ?, ?, ?)",
-        {Value(*lastHistoryId_), Value(move.ItemID), Optional(inv.WarehouseID), Value(inv.GLYear),
-         Value(inv.GLPeriod), Value(2), Value(inv.InvoiceDate),
-         move.Quantity ? Value(*move.Quantity) : Value(), Value("AR Invoice: " + inv.InvoiceNo),
-         Value(inv.ARInvoiceID)});
+    stockHistory_.Queue({Value(*lastHistoryId_), Value(move.ItemID), Optional(inv.WarehouseID),
+                         Value(inv.GLYear), Value(inv.GLPeriod), Value(2), Value(inv.InvoiceDate),
+                         move.Quantity ? Value(*move.Quantity) : Value(),
+                         Value("AR Invoice: " + inv.InvoiceNo), Value(inv.ARInvoiceID)});
     auto [it, fresh] = stock_.try_emplace({move.ItemID, inv.WarehouseID});
     Balance& b = it->second;
     if (fresh) {
@@ -193,6 +197,9 @@ std::int64_t InvoicePostingWriter::WritePayment(const InvoiceToPost& inv) {
 }
 
 void InvoicePostingWriter::Flush() {
+    vouchers_.Flush();
+    voucherLines_.Flush();
+    stockHistory_.Flush();
     if (lastHistoryId_)
         db_.NoteAutoIncValue(store::Database::MainSchema, "IHist", "IHistID", *lastHistoryId_);
     for (auto& [customer, b] : customers_) {

@@ -1,5 +1,7 @@
 #pragma once
 
+#include "store/BulkWriter.h"
+
 #include "receivables/posting/InvoicePosting.h"
 
 #include <cstdint>
@@ -64,6 +66,9 @@ private:
     std::int64_t MaxPlusOne(const char* sql);
 
     store::Database& db_;
+    // The vouchers, their lines and the stock history go in by batches; nothing in the run
+    // reads them back.
+    store::BulkInsert vouchers_, voucherLines_, stockHistory_;
     bool countersRead_ = false;
     bool jvCtlExists_ = false, pmtCtlExists_ = false;
     Counter jvId_, jvNumber_, paymentId_;

@@ -197,6 +197,12 @@ const std::string& Connection::VfsForNewConnections() {
 }
 
 Connection::Connection(const std::string& path, Mode mode) {
+    // The engine's memory statistics take a lock on every allocation, and nothing reads them;
+    // a posting run allocates hundreds of thousands of times. This must come before the engine
+    // first starts; if something started it already, the setting is refused and nothing else
+    // changes.
+    static const int noStatistics = sqlite3_config(SQLITE_CONFIG_MEMSTATUS, 0);
+    (void)noStatistics;
     // A company folder is a path, whatever its name begins with: SQLite may be built to read
     // any name beginning with "file:" as a URI, which an absolute path never is.
     int flags = SQLITE_OPEN_NOMUTEX;
