@@ -37,8 +37,10 @@ namespace corvane::desktop {
 
 FormWindow::FormWindow(QtHost& host, ui::Form& form) : host_(host), form_(form) {
     setObjectName(QString::fromStdString(form.Name()));
-    setWindowFlags(Qt::Window | Qt::WindowTitleHint | Qt::WindowSystemMenuHint |
-                   Qt::WindowMinMaxButtonsHint | Qt::WindowCloseButtonHint);
+    Qt::WindowFlags flags = Qt::Window | Qt::WindowTitleHint | Qt::WindowSystemMenuHint |
+                            Qt::WindowMinMaxButtonsHint | Qt::WindowCloseButtonHint;
+    if (form.StayOnTop) flags |= Qt::WindowStaysOnTopHint;
+    setWindowFlags(flags);
     Build();
 }
 

@@ -55,6 +55,8 @@ public:
     // Enter moves to the next control instead of pressing the Default button, as on entry forms;
     // a memo and a dropped-down look-up combo keep their Enter.
     bool EnterMovesFocus = false;
+    // The window stays above the program's other windows (a small list kept at hand).
+    bool StayOnTop = false;
     // Geometry in pixels; zero or negative leaves it to the host.
     int Left = -1, Top = -1, ClientWidth = 0, ClientHeight = 0;
     WindowState State = WindowState::Normal;

@@ -1,5 +1,7 @@
 #include "receivables/invoices/forms/TfrmARInvoice.h"
 
+#include "receivables/invoices/forms/TfrmARInvoiceNotes.h"
+
 #include "core/DisplayFormat.h"
 #include "core/Exception.h"
 #include "core/Text.h"
@@ -177,6 +179,24 @@ void TfrmARInvoice::ReadOnlyMessage(ui::Control& control, const char* message) {
     };
 }
 
+void TfrmARInvoice::EditLineNotes(char typed) {
+    // A grid without lines gets its first one; a row being typed keeps being typed.
+    const bool newLine = !Editing(tblARInvDet) && tblARInvDet.IsEmpty();
+    const std::string notes = newLine ? std::string() : tblARInvDet.FieldByName("Notes").AsString();
+    const std::optional<std::string> kept =
+        App().SingleForm<TfrmARInvoiceNotes>().Edit(notes + std::string(1, typed));
+    if (!kept || (!newLine && *kept == notes)) return;
+    // The line's own rules decide whether it may change (a time line may not).
+    if (newLine)
+        tblARInvDet.Insert();
+    else if (!Editing(tblARInvDet))
+        tblARInvDet.Edit();
+    if (kept->empty())
+        tblARInvDet.FieldByName("Notes").Clear();
+    else
+        tblARInvDet.FieldByName("Notes").SetAsString(*kept);
+}
+
 std::string TfrmARInvoice::KeyViolationMessage() const {
     return text::NumberNotUnique;
 }
@@ -236,6 +256,14 @@ void TfrmARInvoice::SetUpLines() {
     grdLines.AddColumn("TaxCodes", "Tax", 36);
     grdLines.AddColumn("ExtAmount", "Amount", 90);
     grdLines.AddColumn("Notes", "Notes", 120);
+    grdLines.OnKeyPress = [this](char& ch) {
+        const ui::GridColumn* column = grdLines.SelectedColumn();
+        if (!column || column->FieldName != "Notes" || grdLines.EditorMode()) return;
+        if (static_cast<unsigned char>(ch) < 32) return;
+        const char typed = ch;
+        ch = 0;
+        EditLineNotes(typed);
+    };
 
     tblARInvDet.BeforeInsert = [this](store::DataSet& ds) {
         BeforeLineChange(ds);

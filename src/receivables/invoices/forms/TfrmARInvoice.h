@@ -70,6 +70,9 @@ public:
     void CopyFrom(std::int64_t sourceId);
     // Sets the point-of-sale payment, as the pop-up does on OK.
     void SetPayment(const PointOfSalePayment& payment);
+    // The notes of the line in the notes pop-up, the key typed added to them; the line keeps
+    // what the pop-up keeps and stays in edit, as after typing into a cell.
+    void EditLineNotes(char typed);
 
 protected:
     std::string KeyViolationMessage() const override;

@@ -4,6 +4,9 @@
 #include "receivables/invoices/InvoiceDocument.h"
 #include "receivables/invoices/forms/NewInvoiceChoice.h"
 #include "receivables/invoices/forms/TfrmARInvoice.h"
+#include "receivables/invoices/forms/TfrmARInvoicePayments.h"
+#include "receivables/invoices/forms/TfrmARInvoicesFilter.h"
+#include "receivables/invoices/forms/TfrmARInvoicesFind.h"
 #include "receivables/invoices/print/InvoiceCommands.h"
 #include "receivables/invoices/print/TfrmARInvoiceSetup.h"
 #include "receivables/invoices/print/TfrmARInvoicesPrint.h"
@@ -37,6 +40,17 @@ TfrmARInvoices::TfrmARInvoices(ui::Application& app, store::Database& db)
     mnuCopy.OnClick = [this] { CopyInvoice(); };
     mnuPost.OnClick = [this] { PostInvoices(); };
     mnuPayments.OnClick = [this] { ShowPayments(); };
+    mnuCustomer.Visible = App().HasForm("frmCustomer");
+    mnuCustomer.OnClick = [this] { ShowCustomer(); };
+    mnuSalesHistory.Visible = App().HasForm("frmSalesHistory");
+    mnuSalesHistory.OnClick = [this] { ShowSalesHistory(); };
+    mnuFind.Visible = true;
+    mnuFind.OnClick =
+        tbnFind.OnClick = [this] { App().SingleForm<TfrmARInvoicesFind>(*this).ShowModal(); };
+    mnuFilter.OnClick = tbnFilter.OnClick = [this] {
+        OpenFilter();
+        ApplyFilters();
+    };
     mnuFileSep.Visible = mnuExit.Visible = false;
     mnuClose.OnClick = [this] { Close(); };
     auto selected = [this]() -> std::optional<std::int64_t> {
@@ -92,15 +106,41 @@ std::string TfrmARInvoices::CaptionNow() const {
 }
 
 void TfrmARInvoices::ToggleOutstanding() {
-    if (mnuOutstanding.Checked()) {
-        mnuOutstanding.SetChecked(false);
+    mnuOutstanding.SetChecked(!mnuOutstanding.Checked());
+    ApplyFilters();
+}
+
+void TfrmARInvoices::ApplyFilters() {
+    std::string expression = filter_ && mnuFilter.Checked() ? filter_->Expression() : "";
+    if (mnuOutstanding.Checked())
+        expression = expression.empty() ? "Owing <> 0" : expression + " AND (Owing <> 0)";
+    if (expression.empty()) {
         tblARInv.SetFiltered(false);
         tblARInv.SetFilter("");
     } else {
-        ShowOutstanding("Owing <> 0");
+        tblARInv.SetFilter(expression);
+        tblARInv.SetFiltered(true);
     }
     ShowList();
     Caption = CaptionNow();
+}
+
+shell::FilterForm* TfrmARInvoices::Filter() {
+    if (!filter_) filter_ = &App().SingleForm<TfrmARInvoicesFilter>(*this);
+    return filter_;
+}
+
+void TfrmARInvoices::ShowCustomer() {
+    if (tblARInv.IsEmpty()) return;
+    OpenCustomerRecord(App(), tblARInv.FieldByName("CustomerID").AsValue());
+}
+
+void TfrmARInvoices::ShowSalesHistory() {
+    if (!OpenCustomerList || tblARInv.IsEmpty()) return;
+    const store::Value customer = tblARInv.FieldByName("CustomerID").AsValue();
+    if (customer.IsNull()) return;
+    const std::string filter = "(CustomerID = " + std::to_string(customer.Int()) + ")";
+    OpenCustomerList("frmSalesHistory", "SalesHistory", filter, filter);
 }
 
 TfrmARInvoice& TfrmARInvoices::InvoiceForm() {
@@ -190,7 +230,9 @@ void TfrmARInvoices::ShowPayments() {
     q.ParamByName("ID").SetValue(tblARInv.FieldByName("ARInvoiceID").AsValue());
     q.Open();
     if (q.IsEmpty()) throw Exception("No payments exist for invoice '" + no + "'.");
-    if (ui::Form* list = App().OpenForm("frmARInvoicePayments")) list->Show();
+    auto& payments = App().SingleForm<TfrmARInvoicePayments>(Db());
+    payments.ShowInvoice(tblARInv.FieldByName("ARInvoiceID").AsInteger(), no);
+    payments.Show();
 }
 
 } // namespace corvane::receivables

@@ -1,16 +1,19 @@
 #pragma once
 
+#include "receivables/customers/CustomerCommands.h"
 #include "shell/patterns/ListForm.h"
 #include "ui/MenuItem.h"
 #include "ui/ToolBar.h"
 
 #include <cstdint>
+#include <functional>
 #include <optional>
 #include <string>
 
 namespace corvane::receivables {
 
 class TfrmARInvoice;
+class TfrmARInvoicesFilter;
 
 // Every sales invoice, newest first: date, period, age, customer, number, amounts and state.
 // Posted and time-sheet invoices are shown but cannot be deleted; Post turns the printed ones
@@ -25,6 +28,8 @@ public:
     ui::MenuItem mnuCopy{mnuRecords, "mnuCopy", "&Copy"};
     ui::MenuItem mnuPost{mnuRecords, "mnuPost", "&Post..."};
     ui::MenuItem mnuPayments{mnuRecords, "mnuPayments", "Pa&yment(s)..."};
+    ui::MenuItem mnuCustomer{mnuRecords, "mnuCustomer", "C&ustomer..."};
+    ui::MenuItem mnuSalesHistory{mnuRecords, "mnuSalesHistory", "Sales &History..."};
     ui::ToolButton tbnPost{tlbList, "tbnPost", mnuPost};
     // Invoice printing; the list's own separator and Exit move below these.
     ui::MenuItem mnuPrintSelected{mnuFile, "mnuPrintSelected", "Print &Selected Invoice..."};
@@ -46,17 +51,33 @@ public:
     // Print AR Invoices for the invoice on the list, or for every unprinted one.
     void PrintInvoices(std::optional<std::int64_t> arInvoiceId);
     void ToggleOutstanding();
+    // The customer of the invoice the list stands on, in its entry form.
+    void ShowCustomer();
+    // The customer's sales history, through the program's opener of a customer's rows.
+    void ShowSalesHistory();
+    // Opens another list on one customer's rows, after the user's right is checked (set by the
+    // program; the filter is given twice, the second for the list's view of what is open).
+    std::function<void(std::string_view form, std::string_view right, const std::string& filter,
+                       const std::string& openFilter)>
+        OpenCustomerList;
     // "AR Invoices" with what narrows the list: "(Outstanding)", "(Filtered)", or both.
     std::string CaptionNow() const;
 
 protected:
     shell::EntryForm& Entry() override;
+    shell::FilterForm* Filter() override;
 
 private:
     TfrmARInvoice& InvoiceForm();
     void AddListFields();
+    // The filter dialog's criteria and the outstanding view together on the list.
+    void ApplyFilters();
 
     store::Table tblCustomer;
+    TfrmARInvoicesFilter* filter_ = nullptr;
+
+public:
+    CustomerReachCommands Reach{App(), popList, tblARInv, Db()};
 };
 
 } // namespace corvane::receivables
