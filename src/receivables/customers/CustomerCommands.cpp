@@ -4,6 +4,7 @@
 #include "core/Text.h"
 #include "receivables/masters/FieldActionButton.h"
 #include "shell/patterns/EntryForm.h"
+#include "shell/patterns/OpenList.h"
 #include "store/Query.h"
 #include "ui/Application.h"
 #include "ui/Menu.h"
@@ -11,9 +12,9 @@
 namespace corvane::receivables {
 
 void OpenCustomerRecord(ui::Application& app, const store::Value& customerId) {
-    if (customerId.IsNull() || !app.HasForm("frmCustomer")) return;
-    if (!app.CheckAccess("Customers", "Customers")) return;
-    auto* entry = dynamic_cast<shell::EntryForm*>(app.OpenForm("frmCustomer"));
+    if (customerId.IsNull()) return;
+    auto* entry =
+        dynamic_cast<shell::EntryForm*>(shell::OpenAllowed(app, "frmCustomer", "Customers"));
     if (!entry) return;
     if (!entry->EntryTable.Locate("CustomerID", {customerId}))
         throw Exception("The record has been deleted by another user");

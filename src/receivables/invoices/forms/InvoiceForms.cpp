@@ -1,6 +1,5 @@
 #include "receivables/invoices/forms/InvoiceForms.h"
 
-#include "banking/usage/FormRegistration.h"
 #include "core/Exception.h"
 #include "receivables/invoices/forms/TfrmARInvoice.h"
 #include "receivables/invoices/forms/TfrmARInvoicePOSPmt.h"
@@ -11,10 +10,8 @@
 namespace corvane::receivables {
 
 void RegisterInvoiceForms(shell::FormRegistry& registry) {
-    registry.Register("frmARInvoices", [&registry](shell::FormContext& ctx) -> ui::Form& {
-        auto& list = ctx.App.SingleForm<TfrmARInvoices>(ctx.Db);
-        list.OpenCustomerList = banking::FilteredOpener(registry, ctx);
-        return list;
+    registry.Register("frmARInvoices", [](shell::FormContext& ctx) -> ui::Form& {
+        return ctx.App.SingleForm<TfrmARInvoices>(ctx.Db);
     });
     registry.Register("frmARInvoice", [](shell::FormContext& ctx) -> ui::Form& {
         return ctx.App.SingleForm<TfrmARInvoice>(ctx.Db);

@@ -3,6 +3,7 @@
 #include "core/Exception.h"
 #include "receivables/posting/InvoicePosting.h"
 #include "shell/patterns/EntryForm.h"
+#include "shell/patterns/OpenList.h"
 #include "ui/Application.h"
 #include "ui/DesktopServices.h"
 #include "ui/Layout.h"
@@ -54,9 +55,9 @@ void TfrmARInvoicePayments::ShowInvoice(std::int64_t arInvoiceId, const std::str
 
 void TfrmARInvoicePayments::OpenPayment() {
     if (!qryPayments.Active() || qryPayments.IsEmpty()) return;
-    if (!App().CheckAccess("ARPayments", "AR Payments")) return;
     const store::Value id = qryPayments.FieldByName("PaymentID").AsValue();
-    auto* payment = dynamic_cast<shell::EntryForm*>(App().OpenForm("frmARPayment"));
+    auto* payment =
+        dynamic_cast<shell::EntryForm*>(shell::OpenAllowed(App(), "frmARPayment", "ARPayments"));
     if (!payment) return;
     payment->EntryTable.Refresh();
     if (!payment->EntryTable.Locate("PaymentID", {id}))

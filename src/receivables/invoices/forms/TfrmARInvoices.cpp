@@ -11,6 +11,7 @@
 #include "receivables/invoices/print/TfrmARInvoiceSetup.h"
 #include "receivables/invoices/print/TfrmARInvoicesPrint.h"
 #include "receivables/posting/InvoiceReader.h"
+#include "shell/patterns/OpenList.h"
 #include "store/Query.h"
 #include "ui/Application.h"
 
@@ -136,11 +137,11 @@ void TfrmARInvoices::ShowCustomer() {
 }
 
 void TfrmARInvoices::ShowSalesHistory() {
-    if (!OpenCustomerList || tblARInv.IsEmpty()) return;
+    if (tblARInv.IsEmpty()) return;
     const store::Value customer = tblARInv.FieldByName("CustomerID").AsValue();
     if (customer.IsNull()) return;
     const std::string filter = "(CustomerID = " + std::to_string(customer.Int()) + ")";
-    OpenCustomerList("frmSalesHistory", "SalesHistory", filter, filter);
+    shell::OpenListOn(App(), "frmSalesHistory", "SalesHistory", filter, filter);
 }
 
 TfrmARInvoice& TfrmARInvoices::InvoiceForm() {

@@ -6,7 +6,6 @@
 #include "ui/ToolBar.h"
 
 #include <cstdint>
-#include <functional>
 #include <optional>
 #include <string>
 
@@ -53,13 +52,8 @@ public:
     void ToggleOutstanding();
     // The customer of the invoice the list stands on, in its entry form.
     void ShowCustomer();
-    // The customer's sales history, through the program's opener of a customer's rows.
+    // The customer's sales history, after the user's right to it is checked.
     void ShowSalesHistory();
-    // Opens another list on one customer's rows, after the user's right is checked (set by the
-    // program; the filter is given twice, the second for the list's view of what is open).
-    std::function<void(std::string_view form, std::string_view right, const std::string& filter,
-                       const std::string& openFilter)>
-        OpenCustomerList;
     // "AR Invoices" with what narrows the list: "(Outstanding)", "(Filtered)", or both.
     std::string CaptionNow() const;
 
