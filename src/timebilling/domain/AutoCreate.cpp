@@ -1,5 +1,6 @@
 #include "timebilling/domain/AutoCreate.h"
 
+#include "store/BulkWriter.h"
 #include "store/Database.h"
 #include "store/EngineError.h"
 #include "store/LockManager.h"
@@ -7,7 +8,6 @@
 #include "store/Schema.h"
 #include "store/Table.h"
 #include "store/TableHold.h"
-#include "store/sql/Connection.h"
 #include "timebilling/domain/NumberDraws.h"
 #include "timebilling/domain/TimeTexts.h"
 
@@ -95,12 +95,18 @@ TaxRates ReadTaxRates(store::Database& db) {
 
 namespace {
 
-// What the run writes, through statements prepared once for all invoices.
+// What the run writes: the invoices and their lines through the store's bulk writer, the stamp
+// of the time through one statement prepared for all lines.
 class InvoiceWriter {
 public:
-    explicit InvoiceWriter(store::Database& db) : db_(db) {
-        insertInvoice_ = Insert("ARInv", InvoiceFields());
-        insertLine_ = Insert("ARInvDet", LineFields());
+    explicit InvoiceWriter(store::Database& db)
+        : invoices_(db, "ARInv", InvoiceFields()), lines_(db, "ARInvDet", LineFields()),
+          // The task's own index finds its few rows. Left to itself the engine would walk every
+          // unbilled row through InvoiceNoWorkDate for each task: the empty text joined to the
+          // number keeps that index out of the choice.
+          stamp_(db, "UPDATE TimeSht SET InvoiceNo = :InvoiceNo WHERE TaskID = :TaskID AND "
+                     "(InvoiceNo || '') IS NULL AND WorkDate <= :CutOff") {
+        stamp_.Prepare();
     }
 
     void Write(const BilledInvoice& inv, const InvoiceKeys& keys, const AutoCreateRequest& req) {
@@ -111,45 +117,44 @@ public:
             return id ? Value(r) : Value();
         };
         const std::string number = std::to_string(keys.InvoiceNo);
-        Run(insertInvoice_, {Value(keys.ARInvoiceID),
-                             Value(c.CustomerID),
-                             Value(number),
-                             opt(c.DiscPC),
-                             opt(c.DiscDays),
-                             opt(c.NetDays),
-                             Value(c.COD),
-                             Value(c.Prepayment),
-                             Value(c.TermsText),
-                             Value(req.GLYear),
-                             Value(req.GLPeriod),
-                             Value(req.InvoiceDate),
-                             Value(inv.InvoiceAmount),
-                             Value(inv.InvoiceAmount),
-                             Value(false),
-                             Value(false),
-                             Value(true),
-                             opt(c.CurrencyID),
-                             opt(inv.Tax1ID),
-                             opt(inv.Tax2ID),
-                             code(inv.Tax1.Code),
-                             rate(inv.Tax1ID, inv.Tax1.Rate),
-                             code(inv.Tax2.Code),
-                             rate(inv.Tax2ID, inv.Tax2.Rate),
-                             Bucket(inv, 0, true),
-                             Bucket(inv, 1, true),
-                             Bucket(inv, 2, true),
-                             Bucket(inv, 0, false),
-                             Bucket(inv, 1, false),
-                             Bucket(inv, 2, false)});
+        invoices_.Add({Value(keys.ARInvoiceID),
+                       Value(c.CustomerID),
+                       Value(number),
+                       opt(c.DiscPC),
+                       opt(c.DiscDays),
+                       opt(c.NetDays),
+                       Value(c.COD),
+                       Value(c.Prepayment),
+                       Value(c.TermsText),
+                       Value(req.GLYear),
+                       Value(req.GLPeriod),
+                       Value(req.InvoiceDate),
+                       Value(inv.InvoiceAmount),
+                       Value(inv.InvoiceAmount),
+                       Value(false),
+                       Value(false),
+                       Value(true),
+                       opt(c.CurrencyID),
+                       opt(inv.Tax1ID),
+                       opt(inv.Tax2ID),
+                       code(inv.Tax1.Code),
+                       rate(inv.Tax1ID, inv.Tax1.Rate),
+                       code(inv.Tax2.Code),
+                       rate(inv.Tax2ID, inv.Tax2.Rate),
+                       Bucket(inv, 0, true),
+                       Bucket(inv, 1, true),
+                       Bucket(inv, 2, true),
+                       Bucket(inv, 0, false),
+                       Bucket(inv, 1, false),
+                       Bucket(inv, 2, false)});
+        stamp_.ParamByName("InvoiceNo").SetAsString(number);
+        stamp_.ParamByName("CutOff").SetAsDate(req.CutOff);
         for (const BilledLine& line : inv.Lines) {
-            Run(insertLine_, {Value(keys.ARInvoiceID), Value(line.Seq), Value(line.Quantity),
-                              Value(line.UnitPrice), Value(line.UnitPrice), Value(line.TaxCodes),
-                              Value(line.JobID), Value(line.TaskID)});
-            // The task's own index finds its few rows; left to itself the engine would walk
-            // every unbilled row through InvoiceNoWorkDate for each task.
-            Run("UPDATE main.TimeSht SET InvoiceNo = ? WHERE TaskID = ? AND +InvoiceNo IS NULL "
-                "AND +WorkDate <= ?",
-                {Value(number), Value(line.TaskID), Value(req.CutOff)});
+            lines_.Add({Value(keys.ARInvoiceID), Value(line.Seq), Value(line.Quantity),
+                        Value(line.UnitPrice), Value(line.UnitPrice), Value(line.TaxCodes),
+                        Value(line.JobID), Value(line.TaskID)});
+            stamp_.ParamByName("TaskID").SetAsInteger(line.TaskID);
+            stamp_.ExecSQL();
         }
     }
 
@@ -195,28 +200,9 @@ private:
         if (bucket.Code.empty()) return Value();
         return wantCode ? Value(bucket.Code) : Value(bucket.Amount);
     }
-    std::string Insert(const std::string& table, const std::vector<std::string>& fields) {
-        // The names are checked against the table's definition: a misspelt one fails at once.
-        const store::TableDef& def = db_.TableDefinition(store::Database::MainSchema, table);
-        std::string names, marks;
-        for (const auto& f : fields) {
-            if (!def.FindField(f))
-                store::ThrowEngineError(store::errFieldNotFound, "Field '" + f + "' not found");
-            names += (names.empty() ? "" : ", ") + store::schema::QuoteIdent(f);
-            marks += marks.empty() ? "?" : ", ?";
-        }
-        return "INSERT INTO main." + store::schema::QuoteIdent(table) + " (" + names +
-               ") VALUES (" + marks + ")";
-    }
-    void Run(const std::string& sql, const std::vector<Value>& values) {
-        store::Statement& s = db_.Conn().Cached(sql);
-        store::StatementRun run(s);
-        s.BindAll(values);
-        s.Step();
-    }
 
-    store::Database& db_;
-    std::string insertInvoice_, insertLine_;
+    store::BulkInsert invoices_, lines_;
+    store::Query stamp_;
 };
 
 } // namespace
