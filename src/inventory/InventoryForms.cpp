@@ -1,6 +1,7 @@
 #include "inventory/InventoryForms.h"
 
 #include "banking/usage/FormRegistration.h"
+#include "inventory/history/TfrmInvHistory.h"
 #include "inventory/items/TfrmItem.h"
 #include "inventory/items/TfrmItemSearch.h"
 #include "inventory/items/TfrmItems.h"
@@ -11,6 +12,7 @@
 #include "inventory/masters/TfrmWarehouse.h"
 #include "inventory/masters/TfrmWarehouses.h"
 #include "inventory/reports/TrptItems.h"
+#include "inventory/totals/TfrmInvTotals.h"
 #include "reports/run/ReportRegistry.h"
 #include "shell/main/FormRegistry.h"
 #include "ui/Application.h"
@@ -36,6 +38,14 @@ void RegisterInventoryForms(shell::FormRegistry& registry) {
     });
     registry.Register("frmItemSearch", [](shell::FormContext& ctx) -> ui::Form& {
         return ctx.App.SingleForm<TfrmItemSearch>(ctx.Db);
+    });
+    registry.Register("frmInvTotals", [](shell::FormContext& ctx) -> ui::Form& {
+        auto& list = ctx.App.SingleForm<TfrmInvTotals>(ctx.Db, LookUpsFor(ctx));
+        return list;
+    });
+    registry.Register("frmInvHistory", [](shell::FormContext& ctx) -> ui::Form& {
+        auto& list = ctx.App.SingleForm<TfrmInvHistory>(ctx.Db, LookUpsFor(ctx));
+        return list;
     });
     RegisterListReport<TrptItems>(registry, "frmItems");
     RegisterListReport<TrptItemTypes>(registry, "frmItemTypes");

@@ -6,6 +6,8 @@
 #include "inventory/items/TfrmItem.h"
 #include "inventory/items/TfrmItemSearch.h"
 #include "inventory/items/TfrmItemsFilter.h"
+#include "shell/patterns/FilterTerms.h"
+#include "shell/patterns/OpenList.h"
 #include "ui/Application.h"
 
 namespace corvane::inventory {
@@ -25,6 +27,19 @@ TfrmItems::TfrmItems(ui::Application& app, store::Database& db, shell::TdmLookUp
     grdList.AddColumn("WgtAvgCost", "Wgt Avg Cost", 100);
     grdList.AddColumn("StandardCost", "Standard Cost", 100);
     mnuCopy.OnClick = [this] { CopyRecord(); };
+    // The item's stock per warehouse and its movements, each list limited to this item.
+    mnuTotals.OnClick = [this] {
+        if (tblItem.IsEmpty()) return;
+        const std::string item =
+            shell::LookupTerm("B.ItemID", tblItem.FieldByName("ItemID").AsInteger());
+        shell::OpenListOn(App(), "frmInvTotals", "InvTotals", item, item);
+    };
+    mnuHistory.OnClick = [this] {
+        if (tblItem.IsEmpty()) return;
+        const std::string item =
+            shell::LookupTerm("ItemID", tblItem.FieldByName("ItemID").AsInteger());
+        shell::OpenListOn(App(), "frmInvHistory", "InvHistory", item, item);
+    };
     tblItem.BeforeDelete = [this](store::DataSet&) { BeforeDeleteItem(); };
     mnuSortItemNo.Click();
 }

@@ -26,6 +26,11 @@ public:
     ui::MenuItem& mnuSortItemDescription;
     ui::MenuItem mnuCopy{mnuRecords, "mnuCopy", "&Copy"};
     ui::ToolButton tbnCopy{tlbList, "tbnCopy", mnuCopy};
+    ui::MenuItem mnuRecordsSep{mnuRecords, "mnuRecordsSep", "-"};
+    ui::MenuItem mnuTotals{mnuRecords, "mnuTotals", "&Totals"};
+    ui::MenuItem mnuHistory{mnuRecords, "mnuHistory", "&History"};
+    ui::ToolButton tbnTotals{tlbList, "tbnTotals", mnuTotals};
+    ui::ToolButton tbnHistory{tlbList, "tbnHistory", mnuHistory};
 
     void CopyRecord();
 

@@ -268,6 +268,12 @@ void ListForm::ShowOutstanding(const std::string& filter) {
     mnuOutstanding.SetChecked(true);
 }
 
+void ListForm::ShowOnly(const std::string& filter) {
+    main_.SetFilter(filter);
+    main_.SetFiltered(true);
+    mnuFilter.SetChecked(true);
+}
+
 void ListForm::RunFilterFirst() {
     FilterForm* filter = Filter();
     if (!filter) {

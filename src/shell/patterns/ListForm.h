@@ -129,6 +129,10 @@ public:
     // Only what is still open: mnuOutstanding checked and filter in force.
     void ShowOutstanding(const std::string& filter);
     bool OutstandingShown() const { return mnuOutstanding.Checked(); }
+    // Only the rows of one record of another list (a customer's invoices, an item's totals),
+    // marked as a filter in force. The filter is in the list's own terms: a list whose
+    // conditions are its query's WHERE line puts it there.
+    virtual void ShowOnly(const std::string& filter);
     // The filter dialog first, reset and centred on the screen; the list shows when it is
     // confirmed.
     void RunFilterFirst();

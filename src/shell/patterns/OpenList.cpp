@@ -21,9 +21,7 @@ void OpenListOn(ui::Application& app, std::string_view form, std::string_view ri
     if (auto* list = dynamic_cast<ListForm*>(opened)) {
         const bool openOnly = list->OutstandingShown();
         list->PrepareMenuOpen(true);
-        list->MainDataSet().SetFilter(openOnly ? openFilter : filter);
-        list->MainDataSet().SetFiltered(true);
-        list->mnuFilter.SetChecked(true);
+        list->ShowOnly(openOnly ? openFilter : filter);
         list->ShowList();
     }
     opened->Show();
