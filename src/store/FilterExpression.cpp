@@ -434,7 +434,7 @@ std::string_view SqlOperator(CmpOp op) {
 // is the right answer; and field-against-literal terms keep the shape that an index serves.
 class Compiler {
 public:
-    explicit Compiler(std::string_view source) : src_(source) {}
+    Compiler(std::string_view source, FilterTerms terms) : src_(source), terms_(terms) {}
 
     SqlFragment Condition(const Node& n, bool negate) {
         switch (n.Kind) {
@@ -485,7 +485,10 @@ private:
     Operand ValueOf(const Node& n) {
         switch (n.Kind) {
         case NodeKind::Field:
-            return {{QuoteField(n.Field->Name), {}}, KindOfField(n.Field->Type), true, nullptr};
+            return {{(terms_ == FilterTerms::Tested ? "+" : "") + QuoteField(n.Field->Name), {}},
+                    KindOfField(n.Field->Type),
+                    true,
+                    nullptr};
         case NodeKind::Literal: {
             ValueKind k = ValueKind::Null;
             switch (n.Lit) {
@@ -796,14 +799,15 @@ private:
     }
 
     std::string_view src_;
+    FilterTerms terms_;
 };
 
 } // namespace
 
-SqlFragment CompileFilter(std::string_view expression, const TableDef& table) {
+SqlFragment CompileFilter(std::string_view expression, const TableDef& table, FilterTerms terms) {
     if (expression.find_first_not_of(" \t\r\n") == std::string_view::npos) return {};
     NodePtr root = Binder(expression, table).Parse();
-    return Compiler(expression).Condition(*root, false);
+    return Compiler(expression, terms).Condition(*root, false);
 }
 
 } // namespace corvane::store

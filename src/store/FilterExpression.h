@@ -39,6 +39,13 @@ struct SqlFragment {
 //   "Filter error: expected ')' at position 14 in: (Posted = true";
 // EngineError(errFieldNotFound, "Field 'Foo' not found in table 'Vendor'") for an unknown field;
 // EngineError(errInvalidValue) for a literal that does not fit its field ('abc' against a number).
-SqlFragment CompileFilter(std::string_view expression, const TableDef& table);
+//
+// With FilterTerms::Tested every field stands as +"Field": the engine can then serve no term by the
+// field's own index and walks the cursor's order index, testing each row. That is the better plan
+// when many rows pass the filter: the first page is read at once instead of every passing row
+// being sorted first.
+enum class FilterTerms { Indexed, Tested };
+SqlFragment CompileFilter(std::string_view expression, const TableDef& table,
+                          FilterTerms terms = FilterTerms::Indexed);
 
 } // namespace corvane::store

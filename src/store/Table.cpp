@@ -126,11 +126,7 @@ void Table::DoOpen() {
         for (const auto& f : def_->Fields)
             selectList_ += ", " + schema::QuoteIdent(f.Name);
         SelectIndex(indexName_);
-        filterCondition_ = {};
-        if (!Filter().empty()) {
-            SqlFragment f = CompileFilter(Filter(), *def_);
-            if (Filtered()) filterCondition_ = {f.Sql, f.Params};
-        }
+        SetFilterCondition(Filter(), Filtered());
         RebuildBaseCondition();
     } catch (...) {
         DoClose();
@@ -181,6 +177,36 @@ void Table::RebuildBaseCondition() {
         base = order_.Range(keys, keys);
     }
     baseCondition_ = base.And(filterCondition_);
+    countCondition_ = base.And(countFilter_);
+}
+
+// A filter that many rows pass is read along the order index, each row tested, so that a page
+// of a long list comes at once; a filter that few rows pass is read through its own indexes and
+// its rows sorted, which is then cheap. Counting always goes through the filter's indexes.
+void Table::SetFilterCondition(const std::string& expression, bool filtered) {
+    filterCondition_ = {};
+    countFilter_ = {};
+    if (expression.empty()) return;
+    SqlFragment indexed = CompileFilter(expression, *def_);
+    if (!filtered) return;
+    countFilter_ = {indexed.Sql, indexed.Params};
+    filterCondition_ = countFilter_;
+    if (ManyRowsPass(countFilter_)) {
+        SqlFragment tested = CompileFilter(expression, *def_, FilterTerms::Tested);
+        filterCondition_ = {tested.Sql, tested.Params};
+    }
+}
+
+bool Table::ManyRowsPass(const SqlCondition& filter) {
+    // Past this many rows a sort costs more than walking the order index past the rows that fail.
+    constexpr int Many = 1000;
+    Statement& s =
+        db_.Conn().Cached("SELECT count(*) FROM (SELECT 1 FROM " + QualifiedName() + " WHERE " +
+                          filter.Sql + " LIMIT " + std::to_string(Many + 1) + ")");
+    StatementRun run(s);
+    s.BindAll(filter.Params);
+    s.Step();
+    return s.ColumnInt(0) > Many;
 }
 
 // ----- reading
@@ -384,10 +410,10 @@ std::int64_t Table::DoRecordCount() {
         return n;
     }
     std::string sql = "SELECT count(*) FROM " + QualifiedName();
-    if (!baseCondition_.Empty()) sql += " WHERE " + baseCondition_.Sql;
+    if (!countCondition_.Empty()) sql += " WHERE " + countCondition_.Sql;
     Statement& s = db_.Conn().Cached(sql);
     StatementRun run(s);
-    s.BindAll(baseCondition_.Params);
+    s.BindAll(countCondition_.Params);
     s.Step();
     return s.ColumnInt(0);
 }
@@ -400,7 +426,7 @@ std::optional<std::int64_t> Table::RowNumber() {
     // The rows before a position are a few disjoint seeks on the index; each is counted there.
     std::int64_t n = 0;
     for (const auto& group : order_.Before(PositionOf(window_[pos_]))) {
-        SqlCondition where = baseCondition_.And(group);
+        SqlCondition where = countCondition_.And(group);
         std::string sql = "SELECT count(*) FROM " + QualifiedName() + " WHERE " + where.Sql;
         Statement& s = db_.Conn().Cached(sql);
         StatementRun run(s);
@@ -475,12 +501,7 @@ std::optional<Table::Row> Table::DoRefresh() {
 }
 
 void Table::DoFilterChanged(const std::string& expression, bool filtered) {
-    SqlCondition condition;
-    if (!expression.empty()) {
-        SqlFragment f = CompileFilter(expression, *def_);
-        if (filtered) condition = {f.Sql, f.Params};
-    }
-    filterCondition_ = condition;
+    SetFilterCondition(expression, filtered);
     RebuildBaseCondition();
 }
 

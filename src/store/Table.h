@@ -101,6 +101,8 @@ private:
 
     std::string QualifiedName() const;
     void SelectIndex(const std::string& name);
+    void SetFilterCondition(const std::string& expression, bool filtered);
+    bool ManyRowsPass(const SqlCondition& filter);
     void RebuildBaseCondition();
     KeyOrder::Position PositionOf(const Row& row) const;
     // Reads up to |count| rows in index order from the start, or after a row (backwards: from
@@ -134,8 +136,10 @@ private:
     std::string selectList_;
     std::string keyList_;
     std::optional<std::pair<std::vector<Value>, std::vector<Value>>> range_;
-    SqlCondition filterCondition_;
-    SqlCondition baseCondition_; // range, master link and filter
+    SqlCondition filterCondition_; // as rows are read (see SetFilterCondition)
+    SqlCondition countFilter_;     // the same rows, served by the filter's own indexes
+    SqlCondition baseCondition_;   // range, master link and filter
+    SqlCondition countCondition_;  // the same rows, for counting them
     DataSet* master_ = nullptr;
     std::vector<std::string> masterFields_;
     std::unique_ptr<MasterLink> masterLink_;
