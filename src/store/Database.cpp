@@ -253,6 +253,11 @@ void Database::NoteAutoIncValue(std::string_view schemaName, std::string_view ta
 void Database::StartTransaction(const std::vector<std::string>& tables) {
     CheckOpen();
     if (inTransaction_) ThrowEngineError(errTransaction, "A transaction is already active");
+    // Only a read snapshot holds the connection outside a transaction of its own: a report is
+    // still laying out its pages (a preview lets the user act meanwhile).
+    if (conn_->InTransaction())
+        ThrowEngineError(errTransaction, "A report is still reading the company. Try again "
+                                         "once its pages are made.");
     for (const auto& t : tables)
         if (!TableExists(MainSchema, t) && !TableExists(MemorySchema, t))
             ThrowEngineError(errTableNotFound,

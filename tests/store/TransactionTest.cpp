@@ -1,4 +1,5 @@
 #include "core/Exception.h"
+#include "store/CompanyFile.h"
 #include "support/CompanyFixture.h"
 
 #include <map>
@@ -121,6 +122,24 @@ TEST_F(Transactions, OneRunAtATimeAndOnlyOverExistingTables) {
         EXPECT_EQ(e.ErrorCode(), errTableNotFound);
     }
     EXPECT_FALSE(db_.InTransaction());
+}
+
+// A run asked for while a report reads its snapshot (the user saves from another window while a
+// preview is being made) is refused with a reason, and starts once the report is done.
+TEST_F(Transactions, NoRunStartsInsideAReportsSnapshot) {
+    {
+        ReadSnapshot snapshot(db_);
+        try {
+            Post(false);
+            FAIL() << "a run started inside the snapshot";
+        } catch (const EngineError& e) {
+            EXPECT_EQ(std::string(e.what()),
+                      "A report is still reading the company. Try again once its pages are made.");
+        }
+        EXPECT_FALSE(db_.InTransaction());
+    }
+    Post(false);
+    EXPECT_EQ(Snapshot(db_, "GLHist").size(), 50u);
 }
 
 } // namespace
