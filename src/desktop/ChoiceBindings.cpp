@@ -56,6 +56,8 @@ ButtonBinding::ButtonBinding(FormWindow& window, ui::Button& button)
     // Enter and Escape are the form's to give to its Default and Cancel buttons.
     push_->setAutoDefault(false);
     push_->setMinimumWidth(88);
+    // "..." beside a box opens a look-up: a small button, the box keeps the width.
+    if (button.Caption == "...") push_->setFixedWidth(32);
     QObject::connect(push_, &QPushButton::clicked, [this] {
         UserEvent([this] {
             // A field that refuses to be left keeps the focus, and the click does not happen.

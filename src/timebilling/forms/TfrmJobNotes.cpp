@@ -9,6 +9,8 @@ TfrmJobNotes::TfrmJobNotes(ui::Application& app, store::DataSet& job)
     : Form(app, "frmJobNotes"), memNotes(*this, "memNotes", job, "Notes") {
     using namespace ui;
     Caption = "Job Notes";
+    ClientWidth = 560;
+    ClientHeight = 400;
     SetLayout(Column{
         memNotes,
         Row{editFind, btnFindNext, Stretch{}},
