@@ -8,6 +8,9 @@
 #include "ui/Application.h"
 #include "ui/Layout.h"
 
+#include <array>
+#include <utility>
+
 namespace corvane::inventory {
 
 namespace {
@@ -59,6 +62,18 @@ TfrmItem::TfrmItem(ui::Application& app, store::Database& db, shell::TdmLookUps&
         accounts_.push_back(std::make_unique<ledger::AccountBox>(*name, EntryTable, field, db,
                                                                  ledger::AccountBoxShows::Name));
     }
+    for (auto [stem, boxes] :
+         {std::pair{"SalesSubAccount", std::array{&editSalesSubAccount1, &editSalesSubAccount2,
+                                                  &editSalesSubAccount3}},
+          std::pair{"COGSSubAccount",
+                    std::array{&editCOGSSubAccount1, &editCOGSSubAccount2, &editCOGSSubAccount3}},
+          std::pair{"InventorySubAccount",
+                    std::array{&editInventorySubAccount1, &editInventorySubAccount2,
+                               &editInventorySubAccount3}}})
+        for (int level = 1; level <= 3; ++level)
+            subAccounts_.push_back(std::make_unique<ledger::SubAccountBox>(
+                *boxes[static_cast<std::size_t>(level - 1)], EntryTable,
+                std::string(stem) + std::to_string(level) + "ID", level, db));
     auto lookUpButton = [this](Button& button, std::string_view form, std::string_view right) {
         button.OnClick = [this, form, right] { shell::OpenList(App(), form, right); };
     };
@@ -77,8 +92,14 @@ TfrmItem::TfrmItem(ui::Application& app, store::Database& db, shell::TdmLookUps&
     });
     tabAccounts.SetLayout(Column{
         FormRow{"Sales:", Row{editSalesGLAccount, editSalesGLAccountName}},
+        FormRow{"Subaccounts:",
+                Row{editSalesSubAccount1, editSalesSubAccount2, editSalesSubAccount3, Stretch{}}},
         FormRow{"Cost of Goods Sold:", Row{editCOGSGLAccount, editCOGSGLAccountName}},
+        FormRow{"Subaccounts:",
+                Row{editCOGSSubAccount1, editCOGSSubAccount2, editCOGSSubAccount3, Stretch{}}},
         FormRow{"Inventory:", Row{editInventoryGLAccount, editInventoryGLAccountName}},
+        FormRow{"Subaccounts:", Row{editInventorySubAccount1, editInventorySubAccount2,
+                                    editInventorySubAccount3, Stretch{}}},
         Row{btnGLAccounts, Stretch{}},
         Stretch{},
     });
@@ -119,9 +140,26 @@ void TfrmItem::NewItem() {
 
 void TfrmItem::StartCopy(store::DataSet& source) {
     std::vector<std::pair<std::string, store::Value>> copied;
-    for (const char* field : {"ItemDescription", "TaxCodes", "UnitPrice", "Suspended", "Notes",
-                              "ItemTypeID", "ItemSubtypeID", "SalesGLAccountID", "COGSGLAccountID",
-                              "InventoryGLAccountID", "StandardCost"})
+    for (const char* field : {"ItemDescription",
+                              "TaxCodes",
+                              "UnitPrice",
+                              "Suspended",
+                              "Notes",
+                              "ItemTypeID",
+                              "ItemSubtypeID",
+                              "SalesGLAccountID",
+                              "COGSGLAccountID",
+                              "InventoryGLAccountID",
+                              "StandardCost",
+                              "SalesSubAccount1ID",
+                              "SalesSubAccount2ID",
+                              "SalesSubAccount3ID",
+                              "COGSSubAccount1ID",
+                              "COGSSubAccount2ID",
+                              "COGSSubAccount3ID",
+                              "InventorySubAccount1ID",
+                              "InventorySubAccount2ID",
+                              "InventorySubAccount3ID"})
         copied.emplace_back(field, source.FieldByName(field).AsValue());
     copying_ = true;
     EntryTable.Insert();
@@ -140,6 +178,15 @@ void TfrmItem::BeforePostItem() {
                            {"SalesGLAccountID", &editSalesGLAccount, page(tabAccounts)},
                            {"COGSGLAccountID", &editCOGSGLAccount, page(tabAccounts)},
                            {"InventoryGLAccountID", &editInventoryGLAccount, page(tabAccounts)},
+                           {"SalesSubAccount1ID", &editSalesSubAccount1, page(tabAccounts)},
+                           {"SalesSubAccount2ID", &editSalesSubAccount2, page(tabAccounts)},
+                           {"SalesSubAccount3ID", &editSalesSubAccount3, page(tabAccounts)},
+                           {"COGSSubAccount1ID", &editCOGSSubAccount1, page(tabAccounts)},
+                           {"COGSSubAccount2ID", &editCOGSSubAccount2, page(tabAccounts)},
+                           {"COGSSubAccount3ID", &editCOGSSubAccount3, page(tabAccounts)},
+                           {"InventorySubAccount1ID", &editInventorySubAccount1, page(tabAccounts)},
+                           {"InventorySubAccount2ID", &editInventorySubAccount2, page(tabAccounts)},
+                           {"InventorySubAccount3ID", &editInventorySubAccount3, page(tabAccounts)},
                            {"TaxCodes", &editTaxCodes, page(tabGeneral)},
                            {"StandardCost", &editStandardCost, page(tabGeneral)}});
 }

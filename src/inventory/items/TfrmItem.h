@@ -1,6 +1,7 @@
 #pragma once
 
 #include "ledger/accounts/AccountBox.h"
+#include "ledger/accounts/SubAccountBox.h"
 #include "shell/patterns/EntryForm.h"
 #include "ui/CheckBox.h"
 #include "ui/DBCheckBox.h"
@@ -60,6 +61,16 @@ public:
     ui::Edit editCOGSGLAccountName{*this, "editCOGSGLAccountName"};
     ui::Edit editInventoryGLAccount{*this, "editInventoryGLAccount"};
     ui::Edit editInventoryGLAccountName{*this, "editInventoryGLAccountName"};
+    // The three subaccounts of each account, by level.
+    ui::Edit editSalesSubAccount1{*this, "editSalesSubAccount1"};
+    ui::Edit editSalesSubAccount2{*this, "editSalesSubAccount2"};
+    ui::Edit editSalesSubAccount3{*this, "editSalesSubAccount3"};
+    ui::Edit editCOGSSubAccount1{*this, "editCOGSSubAccount1"};
+    ui::Edit editCOGSSubAccount2{*this, "editCOGSSubAccount2"};
+    ui::Edit editCOGSSubAccount3{*this, "editCOGSSubAccount3"};
+    ui::Edit editInventorySubAccount1{*this, "editInventorySubAccount1"};
+    ui::Edit editInventorySubAccount2{*this, "editInventorySubAccount2"};
+    ui::Edit editInventorySubAccount3{*this, "editInventorySubAccount3"};
     ui::Button btnGLAccounts{*this, "btnGLAccounts", "GL Accounts..."};
 
     ui::DBMemo memNotes{*this, "memNotes", EntryTable, "Notes"};
@@ -78,6 +89,7 @@ private:
 
     shell::TdmLookUps& lookUps_;
     std::vector<std::unique_ptr<ledger::AccountBox>> accounts_;
+    std::vector<std::unique_ptr<ledger::SubAccountBox>> subAccounts_;
     bool copying_ = false;
     ui::DBEdit* const numberEdit_ = &editItemNo;
     ui::FieldDataLink nameLink_{EntryTable, "ItemDescription", [this] { ShowState(); }};
