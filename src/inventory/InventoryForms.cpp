@@ -1,6 +1,8 @@
 #include "inventory/InventoryForms.h"
 
+#include "banking/import/TfrmImport.h"
 #include "banking/usage/FormRegistration.h"
+#include "inventory/domain/ItemImport.h"
 #include "inventory/history/TfrmInvHistory.h"
 #include "inventory/items/TfrmItem.h"
 #include "inventory/items/TfrmItemSearch.h"
@@ -13,6 +15,7 @@
 #include "inventory/masters/TfrmWarehouses.h"
 #include "inventory/reports/TrptItems.h"
 #include "inventory/totals/TfrmInvTotals.h"
+#include "receivables/domain/CustomerImport.h"
 #include "reports/run/ReportRegistry.h"
 #include "shell/main/FormRegistry.h"
 #include "ui/Application.h"
@@ -46,6 +49,12 @@ void RegisterInventoryForms(shell::FormRegistry& registry) {
     registry.Register("frmInvHistory", [](shell::FormContext& ctx) -> ui::Form& {
         auto& list = ctx.App.SingleForm<TfrmInvHistory>(ctx.Db, LookUpsFor(ctx));
         return list;
+    });
+    // The data import serves the customers and the items; each list opens it on its own table.
+    registry.Register("frmImport", [](shell::FormContext& ctx) -> ui::Form& {
+        std::vector<banking::ImportChoice> choices{{"Customers", receivables::CustomerImport},
+                                                   {"Items", ItemImport}};
+        return ctx.App.CreateForm<banking::TfrmImport>(ctx.Db, std::move(choices));
     });
     RegisterListReport<TrptItems>(registry, "frmItems");
     RegisterListReport<TrptItemTypes>(registry, "frmItemTypes");

@@ -6,6 +6,7 @@
 #include "ui/FormDriver.h"
 #include "ui/HeadlessApp.h"
 
+#include <fstream>
 #include <functional>
 #include <set>
 #include <string>
@@ -194,6 +195,38 @@ TEST_F(InventoryLists, TheFiltersNarrowBothListsAndResetToEveryRow) {
     });
     ui::FormDriver(*history).Click("mnuFilter");
     EXPECT_TRUE(Shown("frmInvHistory").empty());
+}
+
+TEST_F(InventoryLists, TheItemsImportSavesAFileThroughTheFormOnlyWithTheRight) {
+    inventory::TfrmItems& items = ItemsOn(0);
+    forms.refused = {"Import"};
+    ui::FormDriver(items).Click("mnuImport");
+    EXPECT_EQ(app.FindForm("frmImport"), nullptr);
+    forms.refused.clear();
+
+    const std::string path = folder_.Path() + "/items.csv";
+    InsertRow(
+        "GLAccnt",
+        {{"GLAccountID", 1}, {"GLAccount", "4000"}, {"AccountName", "Sales"}, {"AccountType", 3}});
+    std::ofstream(path) << "ItemDescription,ItemTypeID,SalesGLAccountID,UnitPrice\n"
+                           "Drill,1,1,99.95\n,1,1,5\n";
+    WhenModal("frmImport", [&path, this](ui::FormDriver& f) {
+        EXPECT_EQ(f.Text("cboTable"), "Items");
+        EXPECT_FALSE(f.Enabled("cboTable"));
+        f.EnterText("editFileName", path);
+        f.Click("btnImport");
+        EXPECT_EQ(dialogs.LastText(),
+                  "Nothing has been imported.\nRow 2: Field 'Description' must have a value");
+        f.SetChecked("chkSkipRefused", true);
+        f.Click("btnImport");
+    });
+    ui::FormDriver(items).Click("mnuImport");
+    EXPECT_EQ(dialogs.LastText(),
+              "1 of 2 rows imported.\n\nRefused:\nRow 2: Field 'Description' must have a value");
+    EXPECT_EQ(app.FindForm("frmImport"), nullptr);
+    items.tblItem.Last();
+    EXPECT_EQ(items.tblItem.FieldByName("ItemDescription").AsString(), "Drill");
+    EXPECT_EQ(items.tblItem.FieldByName("ItemNo").AsString(), "1004");
 }
 
 } // namespace

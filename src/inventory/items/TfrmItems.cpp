@@ -1,5 +1,6 @@
 #include "inventory/items/TfrmItems.h"
 
+#include "banking/import/ImportCommand.h"
 #include "core/Exception.h"
 #include "core/Refusal.h"
 #include "inventory/domain/ItemRecord.h"
@@ -27,6 +28,9 @@ TfrmItems::TfrmItems(ui::Application& app, store::Database& db, shell::TdmLookUp
     grdList.AddColumn("WgtAvgCost", "Wgt Avg Cost", 100);
     grdList.AddColumn("StandardCost", "Standard Cost", 100);
     mnuCopy.OnClick = [this] { CopyRecord(); };
+    mnuImport.OnClick = [this] {
+        if (banking::ImportInto(App(), "Items")) RefreshList();
+    };
     // The item's stock per warehouse and its movements, each list limited to this item.
     mnuTotals.OnClick = [this] {
         if (tblItem.IsEmpty()) return;

@@ -26,6 +26,7 @@ public:
     ui::MenuItem& mnuSortItemDescription;
     ui::MenuItem mnuCopy{mnuRecords, "mnuCopy", "&Copy"};
     ui::ToolButton tbnCopy{tlbList, "tbnCopy", mnuCopy};
+    ui::MenuItem mnuImport{mnuFile, "mnuImport", "&Import..."};
     ui::MenuItem mnuRecordsSep{mnuRecords, "mnuRecordsSep", "-"};
     ui::MenuItem mnuTotals{mnuRecords, "mnuTotals", "&Totals"};
     ui::MenuItem mnuHistory{mnuRecords, "mnuHistory", "&History"};

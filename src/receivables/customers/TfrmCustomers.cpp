@@ -1,5 +1,6 @@
 #include "receivables/customers/TfrmCustomers.h"
 
+#include "banking/import/ImportCommand.h"
 #include "core/Exception.h"
 #include "core/Refusal.h"
 #include "receivables/customers/TfrmCustomer.h"
@@ -85,6 +86,9 @@ TfrmCustomers::TfrmCustomers(ui::Application& app, store::Database& db, shell::T
         };
     }
     mnuEmailAll.OnClick = [this] { EmailAll(); };
+    mnuImport.OnClick = [this] {
+        if (banking::ImportInto(App(), "Customers")) RefreshList();
+    };
     mnuExport.Caption = "Export for &labels...";
     mnuExport.Visible = true;
     tblCustomer.BeforeDelete = [this](store::DataSet&) { BeforeDeleteCustomer(); };

@@ -33,6 +33,7 @@ public:
     ui::MenuItem mnuTimeSheets{mnuRecords, "mnuTimeSheets", "&Time Sheets"};
     ui::MenuItem mnuSalesHistory{mnuRecords, "mnuSalesHistory", "Sales &History"};
     ui::MenuItem mnuEmailAll{mnuFile, "mnuEmailAll", "E&mail All"};
+    ui::MenuItem mnuImport{mnuFile, "mnuImport", "&Import..."};
     ui::MenuItem popSep{popList, "popSep", "-"};
     ui::MenuItem popPhone{popList, "popPhone", "&Phone"};
     ui::MenuItem popEMail{popList, "popEMail", "E-&Mail"};
