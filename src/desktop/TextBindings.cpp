@@ -15,6 +15,7 @@
 #include <QSpinBox>
 #include <QStyle>
 #include <QStyleOptionFrame>
+#include <QTextCursor>
 #include <QToolButton>
 
 #include <climits>
@@ -173,8 +174,16 @@ bool MemoBinding::RoutesKey(const QKeyEvent& event) const {
 }
 
 void MemoBinding::PullState() {
-    QString shown = Q(memo_.Text());
-    if (text_->toPlainText() != shown) text_->setPlainText(shown);
+    const std::string text = memo_.Text();
+    QString shown = Q(text);
+    if (text_->toPlainText() != shown) {
+        // Text the program puts in (a pop-up seeded with the key that opened it) keeps the
+        // caret where the program left it, so the person's typing goes on from there.
+        text_->setPlainText(shown);
+        QTextCursor cursor = text_->textCursor();
+        cursor.setPosition(QtPosition(text, memo_.CaretPos()));
+        text_->setTextCursor(cursor);
+    }
     text_->setReadOnly(memo_.IsReadOnly());
 }
 

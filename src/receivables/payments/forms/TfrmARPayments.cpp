@@ -25,7 +25,7 @@ TfrmARPayments::TfrmARPayments(ui::Application& app, store::Database& db)
     grdList.AddColumn("CustomerNo", "Customer no.", 100);
     grdList.AddColumn("CustomerName", "Name", 180);
     grdList.AddColumn("BankName", "Bank", 140);
-    grdList.AddColumn("PaidByText", "Paid by", 90);
+    grdList.AddColumn("PaidByText", "Paid by", 110);
     grdList.AddColumn("ChequeAmount", "Amount", 90);
     grdList.AddColumn("Posted", "Posted", 50);
     grdList.AddColumn("Reconciled", "Reconciled", 70);
