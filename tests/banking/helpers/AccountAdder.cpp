@@ -10,6 +10,7 @@
 #include "ledger/accounts/TfrmGLAccountSub.h"
 #include "store/Database.h"
 #include "store/Session.h"
+#include "support/WorkstationStart.h"
 #include "ui/Application.h"
 #include "ui/HeadlessDesktop.h"
 #include "ui/HeadlessDialogs.h"
@@ -53,9 +54,7 @@ int main(int argc, char** argv) {
         ledger::TfrmGLAccount account(app, db);
         ledger::TfrmGLAccountSub sub(app, db);
         banking::TfrmCurrency currency(app, db);
-        std::cout << "ready" << std::endl;
-        for (int i = 0; i < 20000 && !std::filesystem::exists(argv[2]); ++i)
-            std::this_thread::sleep_for(std::chrono::milliseconds(1));
+        corvane::tests::AwaitStart(argv[2]);
         for (int i = 0; i < count; ++i) {
             const std::string name = tag + std::to_string(i);
             account.EntryTable.Insert();

@@ -10,6 +10,7 @@
 #include "receivables/domain/CustomerImport.h"
 #include "store/Database.h"
 #include "store/Session.h"
+#include "support/WorkstationStart.h"
 
 #include <chrono>
 #include <exception>
@@ -37,9 +38,7 @@ int main(int argc, char** argv) {
         store::Database db(session);
         db.SetDirectory(argv[1]);
         db.Open();
-        std::cout << "ready" << std::endl;
-        for (int i = 0; i < 20000 && !std::filesystem::exists(argv[2]); ++i)
-            std::this_thread::sleep_for(std::chrono::milliseconds(1));
+        corvane::tests::AwaitStart(argv[2]);
         const banking::ImportOutcome outcome =
             banking::ImportRows(db, receivables::CustomerImport(db), file, false);
         if (!outcome.Committed)

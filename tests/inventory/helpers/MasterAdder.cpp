@@ -11,6 +11,7 @@
 #include "store/Database.h"
 #include "store/Session.h"
 #include "store/Table.h"
+#include "support/WorkstationStart.h"
 
 #include <chrono>
 #include <exception>
@@ -32,9 +33,7 @@ int main(int argc, char** argv) {
         db.SetDirectory(argv[1]);
         db.Open();
         const int count = std::stoi(argv[3]);
-        std::cout << "ready" << std::endl;
-        for (int i = 0; i < 20000 && !std::filesystem::exists(argv[2]); ++i)
-            std::this_thread::sleep_for(std::chrono::milliseconds(1));
+        corvane::tests::AwaitStart(argv[2]);
         // A workstation keeps asking while the other holds the control row.
         auto retry = [](const std::string&) { return true; };
         int customers = 0, items = 0;

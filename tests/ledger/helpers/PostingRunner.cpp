@@ -8,6 +8,7 @@
 #include "ledger/posting/PostingRun.h"
 #include "store/Database.h"
 #include "store/Session.h"
+#include "support/WorkstationStart.h"
 
 #include <chrono>
 #include <exception>
@@ -26,9 +27,7 @@ int main(int argc, char** argv) {
         corvane::store::Database db(session);
         db.SetDirectory(argv[1]);
         db.Open();
-        std::cout << "ready" << std::endl;
-        for (int i = 0; i < 20000 && !std::filesystem::exists(argv[2]); ++i)
-            std::this_thread::sleep_for(std::chrono::milliseconds(1));
+        corvane::tests::AwaitStart(argv[2]);
         int questions = 0;
         corvane::ledger::PostingRun run(db);
         auto posted = run.Run([&](const std::string&) { return ++questions < 50; });

@@ -8,6 +8,7 @@
 #include "store/Database.h"
 #include "store/Session.h"
 #include "store/sql/Connection.h"
+#include "support/WorkstationStart.h"
 
 #include <chrono>
 #include <exception>
@@ -25,9 +26,7 @@ int main(int argc, char** argv) {
         corvane::store::Database db(session);
         db.SetDirectory(argv[1]);
         db.Open();
-        std::cout << "ready" << std::endl;
-        for (int i = 0; i < 20000 && !std::filesystem::exists(argv[2]); ++i)
-            std::this_thread::sleep_for(std::chrono::milliseconds(1));
+        corvane::tests::AwaitStart(argv[2]);
         db.StartTransaction({});
         db.Conn().Exec(argv[3]);
         db.Commit();

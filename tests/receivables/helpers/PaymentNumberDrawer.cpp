@@ -7,6 +7,7 @@
 #include "receivables/payments/domain/PaymentDocument.h"
 #include "store/Database.h"
 #include "store/Session.h"
+#include "support/WorkstationStart.h"
 
 #include <chrono>
 #include <exception>
@@ -25,9 +26,7 @@ int main(int argc, char** argv) {
         corvane::store::Database db(session);
         db.SetDirectory(argv[1]);
         db.Open();
-        std::cout << "ready" << std::endl;
-        for (int i = 0; i < 20000 && !std::filesystem::exists(argv[2]); ++i)
-            std::this_thread::sleep_for(std::chrono::milliseconds(1));
+        corvane::tests::AwaitStart(argv[2]);
         const int count = std::stoi(argv[3]);
         for (int i = 0; i < count; ++i) {
             auto id = corvane::receivables::DrawPaymentID(

@@ -13,6 +13,7 @@
 #include "store/NumberDraw.h"
 #include "store/Session.h"
 #include "store/Table.h"
+#include "support/WorkstationStart.h"
 
 #include <chrono>
 #include <exception>
@@ -36,9 +37,7 @@ int main(int argc, char** argv) {
         Database db(session);
         db.SetDirectory(argv[1]);
         db.Open();
-        std::cout << "ready" << std::endl;
-        for (int i = 0; i < 20000 && !std::filesystem::exists(argv[2]); ++i)
-            std::this_thread::sleep_for(std::chrono::milliseconds(1));
+        corvane::tests::AwaitStart(argv[2]);
         Table currencies(db, "Currency");
         currencies.SetDrawnKey("CurrencyID");
         currencies.Open();
