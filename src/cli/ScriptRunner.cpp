@@ -20,6 +20,7 @@
 #include "store/tables/CompanyDatabase.h"
 #include "ui/Application.h"
 #include "ui/Caption.h"
+#include "ui/DBLookupComboBox.h"
 #include "ui/Form.h"
 #include "ui/FormDriver.h"
 #include "ui/Grid.h"
@@ -391,16 +392,32 @@ std::size_t CellIndex(ui::Grid& grid, std::string_view column) {
     throw ui::ScriptError("No column '" + std::string(column) + "' in grid '" + grid.Name() + "'");
 }
 
-// Every row of the grid as CSV text, read around the current one without moving it.
-std::vector<std::string> GridCsvRows(ui::Grid& grid) {
-    constexpr std::int64_t Limit = 1000;
-    std::int64_t count = grid.DataSet().RecordCount();
-    if (count > Limit)
-        throw ui::ScriptError("Grid '" + grid.Name() + "' has " + std::to_string(count) +
-                              " rows; 'expect grid' compares at most " + std::to_string(Limit));
-    auto n = static_cast<int>(count);
+constexpr std::int64_t GridRowLimit = 1000;
+
+int CheckedRowCount(const ui::Control& control, std::int64_t count) {
+    if (count > GridRowLimit)
+        throw ui::ScriptError("'" + control.Name() + "' has " + std::to_string(count) +
+                              " rows; 'expect grid' compares at most " +
+                              std::to_string(GridRowLimit));
+    return static_cast<int>(count);
+}
+
+// Every row of the grid as CSV text, read around the current one without moving it. A look-up
+// combo gives the rows its drop-down list offers, each its list fields.
+std::vector<std::string> GridCsvRows(ui::Control& control) {
+    ui::RowWindow window;
+    if (auto* combo = dynamic_cast<ui::DBLookupComboBox*>(&control)) {
+        store::DataSet* list = combo->ListSource();
+        const int n = list && list->Active() ? CheckedRowCount(control, list->RecordCount()) : 0;
+        window = combo->ListRows(n, n);
+    } else if (auto* grid = dynamic_cast<ui::Grid*>(&control)) {
+        const int n = CheckedRowCount(control, grid->DataSet().RecordCount());
+        window = grid->Rows(n, n);
+    } else {
+        throw ui::ScriptError("'" + control.Name() + "' is neither a grid nor a look-up combo");
+    }
     std::vector<std::string> rows;
-    for (const auto& cells : grid.Rows(n, n).Rows)
+    for (const auto& cells : window.Rows)
         rows.push_back(CsvLine(cells));
     return rows;
 }
@@ -480,7 +497,7 @@ void ScriptRunner::State::Expect(const ScriptLine& l, ui::Form* modal) {
         return;
     }
     if (kind == "grid") {
-        auto found = GridCsvRows(form.Get<ui::Grid>(a[1]));
+        auto found = GridCsvRows(form.Get<ui::Control>(a[1]));
         std::vector<std::string> expected(a.begin() + 2, a.end());
         if (found != expected)
             Fail(l, "expected grid '" + a[1] + "' to show " + RowList(expected) + "\n  found " +

@@ -52,7 +52,17 @@ TEST_F(TimeSheetFormTest, EveryRefusalInOrderThenTheRowSaves) {
     refused("Field 'Hours' must have a value");
     f.EnterText("editHours", "0");
     refused("Field 'Customer' must have a value");
-    f.Choose("cboCustomer", "Acme");
+    // A key typed in the customer box starts the search's name with it.
+    host.ScriptModal("frmCustomerSearch", [](ui::Form& search) {
+        FormDriver s(search);
+        EXPECT_EQ(s.Text("editFindCustomerName"), "a");
+        EXPECT_EQ(s.GridRow("grdSearch").at(1), "Acme");
+        s.Click("btnOK");
+    });
+    f.Focus("editCustomer");
+    f.Type("a");
+    EXPECT_EQ(f.Text("editCustomer"), "Acme");
+    EXPECT_EQ(f.FocusedName(), "cboJob");
     refused("Field 'Job' must have a value");
     // Only Acme's open jobs are offered.
     EXPECT_THROW(f.Choose("cboJob", "Finished"), ui::ScriptError);
@@ -68,6 +78,58 @@ TEST_F(TimeSheetFormTest, EveryRefusalInOrderThenTheRowSaves) {
     // Saved and closed: the form is freed with its OK.
     EXPECT_EQ(app.FindForm("frmTimeSheet"), nullptr);
     EXPECT_EQ(Scalar("SELECT Hours FROM TimeSht"), "0");
+}
+
+TEST_F(TimeSheetFormTest, CustomerBoxOpensTheSearchAndRefusesASuspendedCustomer) {
+    AddCustomer(3, "C3", "Cedar", 1);
+    {
+        store::Table customers(db_, "Customer");
+        customers.Open();
+        ASSERT_TRUE(customers.Locate("CustomerID", {store::Value(3)}));
+        customers.Edit();
+        customers.FieldByName("Suspended").SetAsBoolean(true);
+        customers.Post();
+    }
+    AddTime(1, 1, 1, 1, Date::FromYmd(2017, 3, 1), 1.5);
+    List();
+    FormDriver(app, "frmTimeSheets").Click("mnuEdit");
+    TfrmTimeSheet& form = SheetForm();
+    FormDriver f(form);
+    // An existing row shows its customer and keeps its job while the customer stays.
+    EXPECT_EQ(f.Text("editCustomer"), "Acme");
+    EXPECT_EQ(f.Text("cboJob"), "Site");
+    // Typed text never lands in the box; Esc shows the stored customer and Cancel answers it.
+    host.ScriptModal("frmCustomerSearch", [](ui::Form& search) {
+        FormDriver s(search);
+        EXPECT_EQ(s.Text("editFindCustomerName"), "c");
+        EXPECT_EQ(s.GridRow("grdSearch").at(1), "Cedar");
+        s.Click("btnOK");
+        // A suspended customer takes no time; the search stays open for another choice.
+        EXPECT_EQ(s.GetForm().ModalResult(), ui::mrNone);
+        s.EnterText("editFindCustomerName", "bo");
+        s.Click("btnOK");
+    });
+    f.Focus("editCustomer");
+    f.Type("c");
+    EXPECT_EQ(dialogs.LastText(), "Customer 'C3: Cedar' has been suspended");
+    EXPECT_EQ(f.Text("editCustomer"), "Bolt");
+    // The job list now holds only Bolt's open jobs: Acme's job is no longer a choice.
+    EXPECT_EQ(form.tblJobList.RecordCount(), 1);
+    EXPECT_EQ(form.tblJobList.FieldByName("JobName").AsString(), "Shop");
+    f.Choose("cboJob", "Shop");
+    f.Choose("cboTask", "Weld");
+    // Enter opens the search as it is, on the customer chosen now; Cancel changes nothing.
+    host.ScriptModal("frmCustomerSearch", [](ui::Form& search) {
+        FormDriver s(search);
+        EXPECT_EQ(s.Text("editFindCustomerName"), "");
+        EXPECT_EQ(s.GridRow("grdSearch").at(1), "Bolt");
+        s.Click("btnCancel");
+    });
+    f.PressKey("editCustomer", ui::KeyStroke(ui::Key::Enter));
+    EXPECT_EQ(f.Text("editCustomer"), "Bolt");
+    EXPECT_EQ(f.FocusedName(), "editCustomer");
+    f.Click("btnOK");
+    EXPECT_EQ(Scalar("SELECT CustomerID || ',' || JobID || ',' || TaskID FROM TimeSht"), "2,3,3");
 }
 
 TEST_F(TimeSheetFormTest, TimerCountsFromTheClockInRedBold) {

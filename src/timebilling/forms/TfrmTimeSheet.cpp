@@ -22,30 +22,29 @@ constexpr const char* kFrames[] = {"|", "/", "-", "\\"};
 
 TfrmTimeSheet::TfrmTimeSheet(ui::Application& app, store::Database& db)
     : EntryForm(app, "frmTimeSheet", db, "TimeSht", "tblTimeSht"), tblEmployee(db, "Employee"),
-      tblCustomer(db, "Customer"), tblJobList(db, "Job"), tblTaskList(db, "Task"),
+      tblJobList(db, "Job"), tblTaskList(db, "Task"),
       cboEmployee(*this, "cboEmployee", EntryTable, "EmployeeID", tblEmployee, "EmployeeID",
                   "EmployeeName"),
-      cboCustomer(*this, "cboCustomer", EntryTable, "CustomerID", tblCustomer, "CustomerID",
-                  "CustomerName;CustomerNo"),
       cboJob(*this, "cboJob", EntryTable, "JobID", tblJobList, "JobID", "JobName"),
       cboTask(*this, "cboTask", EntryTable, "TaskID", tblTaskList, "TaskID", "TaskName") {
     using namespace ui;
     Caption = "New Time Sheet";
     tblEmployee.SetIndexName("EmployeeName1");
-    tblCustomer.SetIndexName("CustomerName1");
     tblJobList.SetIndexName("JobName1");
     tblTaskList.SetIndexName("JobIDLineNo");
-    for (store::Table* t : {&tblEmployee, &tblCustomer, &tblJobList, &tblTaskList})
+    for (store::Table* t : {&tblEmployee, &tblJobList, &tblTaskList})
         t->Open();
     editWorkDate.Bind(EntryTable, "WorkDate");
     editInvoiceNo.ReadOnly = true;
+    // Enter and the keys of the customer box open the search; the button is for the mouse.
+    btnCustomer.TabStop = false;
     lblTimer.Visible = false;
     EntryTable.FieldByName("EmployeeID").DisplayLabel = "Employee";
     SetLayout(Column{
         FormRow{"Employee", cboEmployee},
         FormRow{"Date", editWorkDate},
         FormRow{"Hours", Row{editHours, btnCalculator, btnTimer, lblTimer}},
-        FormRow{"Customer", cboCustomer},
+        FormRow{"Customer", Row{editCustomer, btnCustomer}},
         FormRow{"Job", cboJob},
         FormRow{"Task", cboTask},
         FormRow{"Notes", memNotes},
@@ -74,7 +73,7 @@ TfrmTimeSheet::TfrmTimeSheet(ui::Application& app, store::Database& db)
                 {{"EmployeeID", &cboEmployee},
                  {"WorkDate", &editWorkDate},
                  {"Hours", &editHours},
-                 {"CustomerID", &cboCustomer},
+                 {"CustomerID", &editCustomer},
                  {"JobID", &cboJob},
                  {"TaskID", &cboTask}});
     };
@@ -84,6 +83,7 @@ TfrmTimeSheet::TfrmTimeSheet(ui::Application& app, store::Database& db)
     };
     btnTimer.OnClick = [this] { ClickTimer(); };
     btnCalculator.OnClick = [this] { OpenCalculator(); };
+    btnCustomer.OnClick = [this] { customerBox_.Pick(); };
     OnClose = [this](ui::CloseAction& action) {
         if (tick_) App().StopTimer(*tick_);
         tick_.reset();

@@ -1,5 +1,6 @@
 #pragma once
 
+#include "receivables/customers/CustomerBox.h"
 #include "shell/patterns/EntryForm.h"
 #include "store/Table.h"
 #include "timebilling/domain/TimeSheetRules.h"
@@ -10,6 +11,7 @@
 #include "ui/DBMemo.h"
 #include "ui/DateEdit.h"
 #include "ui/DesktopServices.h"
+#include "ui/Edit.h"
 #include "ui/FieldDataLink.h"
 #include "ui/Label.h"
 
@@ -26,7 +28,7 @@ public:
     ~TfrmTimeSheet() override;
 
     store::Table& tblTimeSht = EntryTable;
-    store::Table tblEmployee, tblCustomer, tblJobList, tblTaskList;
+    store::Table tblEmployee, tblJobList, tblTaskList;
 
     ui::DBLookupComboBox cboEmployee;
     ui::DateEdit editWorkDate{*this, "editWorkDate"};
@@ -34,7 +36,9 @@ public:
     ui::Button btnCalculator{*this, "btnCalculator", "..."};
     ui::Button btnTimer{*this, "btnTimer", "Start timer"};
     ui::Label lblTimer{*this, "lblTimer"};
-    ui::DBLookupComboBox cboCustomer;
+    // The customer is chosen through the customer search, never from a list.
+    ui::Edit editCustomer{*this, "editCustomer"};
+    ui::Button btnCustomer{*this, "btnCustomer", "..."};
     ui::DBLookupComboBox cboJob;
     ui::DBLookupComboBox cboTask;
     ui::DBMemo memNotes{*this, "memNotes", EntryTable, "Notes"};
@@ -59,6 +63,9 @@ private:
     void ShowCaption();
     void Tick();
 
+    // Time is recorded for customers that may still be billed, so a suspended one is refused.
+    receivables::CustomerBox customerBox_{editCustomer, EntryTable, EntryTable.OwnerDatabase(),
+                                          false};
     JobChoice jobChoice_ = JobChoice::OpenJobsOfCustomer;
     std::optional<ui::TimerId> tick_;
     int frame_ = 0;

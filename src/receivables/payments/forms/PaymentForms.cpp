@@ -1,6 +1,6 @@
 #include "receivables/payments/forms/PaymentForms.h"
 
-#include "receivables/customers/TfrmCustomerSearch.h"
+#include "receivables/customers/CustomerPick.h"
 #include "receivables/payments/forms/TfrmARPayment.h"
 #include "receivables/payments/forms/TfrmARPaymentInv.h"
 #include "receivables/payments/forms/TfrmARPayments.h"
@@ -28,12 +28,13 @@ void ConnectChoosers(TfrmARPayment& payment, shell::FormContext& ctx) {
         if (chooser.ShowModal() != ui::mrOK || chooser.SearchTable.IsEmpty()) return std::nullopt;
         return chooser.SelectedKey().front().Int();
     };
-    payment.ChooseCustomer = [&app, &db, &payment]() -> std::optional<std::int64_t> {
-        auto& search = app.SingleForm<TfrmCustomerSearch>(db);
-        search.AllowSuspended = false;
-        search.Start(payment.editCustomerNo, {});
-        if (search.ShowModal() != ui::mrOK || search.SearchTable.IsEmpty()) return std::nullopt;
-        return search.SelectedKey().front().Int();
+    payment.ChooseCustomer = [&db, &payment]() -> std::optional<std::int64_t> {
+        CustomerPick pick;
+        pick.IndexName = "CustomerNo";
+        pick.AllowSuspended = false;
+        const std::optional<store::Value> chosen = PickCustomer(payment.editCustomerNo, db, pick);
+        if (!chosen) return std::nullopt;
+        return chosen->Int();
     };
 }
 
