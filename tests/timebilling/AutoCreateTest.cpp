@@ -96,6 +96,27 @@ TEST_F(AutoCreateTest, CustomerAndJobNarrowTheRun) {
     EXPECT_EQ(Scalar("SELECT COUNT(*) FROM TimeSht WHERE InvoiceNo IS NULL"), "1");
 }
 
+TEST_F(AutoCreateTest, EachRowCarriesTheInvoiceThatCountedItsHours) {
+    // Bolt's row on a task of Acme's job is billed to Bolt, on a line of its own.
+    AddTime(1, 1, 1, 1, Date::FromYmd(2017, 3, 1), 1);
+    AddTime(2, 1, 1, 1, Date::FromYmd(2017, 3, 2), 2);
+    EXPECT_EQ(Run(Request()).InvoicesMade, 2);
+    EXPECT_EQ(Scalar("SELECT InvoiceNo FROM TimeSht WHERE CustomerID = 1"), "10001");
+    EXPECT_EQ(Scalar("SELECT InvoiceNo FROM TimeSht WHERE CustomerID = 2"), "10002");
+    EXPECT_EQ(Scalar("SELECT Quantity FROM ARInvDet D INNER JOIN ARInv I ON "
+                     "D.ARInvoiceID = I.ARInvoiceID WHERE I.CustomerID = 2"),
+              "2");
+}
+
+TEST_F(AutoCreateTest, ARunForOneCustomerStampsNoneOfAnothersTime) {
+    AddTime(1, 1, 1, 1, Date::FromYmd(2017, 3, 1), 1);
+    AddTime(2, 1, 1, 1, Date::FromYmd(2017, 3, 2), 2);
+    AutoCreateRequest r = Request();
+    r.CustomerID = 1;
+    EXPECT_EQ(Run(r).InvoicesMade, 1);
+    EXPECT_EQ(Scalar("SELECT InvoiceNo FROM TimeSht WHERE CustomerID = 2"), "");
+}
+
 TEST_F(AutoCreateTest, NumbersSkipTakenOnesAndRestartOutsideTheSeries) {
     InsertRow("ARInvCtl", {{"NextInvoiceID", 7}, {"NextInvoiceNo", 500}});
     InsertRow("ARInv", {{"ARInvoiceID", 1},

@@ -18,21 +18,30 @@ using store::Value;
 
 namespace {
 
+// The hours are summed per task first, over the unbilled rows alone, and only then joined to
+// the customer, the job, the task and its type: a join before the sum would carry every master
+// field through the grouping of each of the rows. Grouping by the three ids loses nothing, since
+// each joined field depends on one of them. Time on a task without a type drops out in the join.
+constexpr const char* kUnbilledHours =
+    "SELECT CustomerID, JobID, TaskID, SUM(Hours) TotalHours FROM TimeSht "
+    "WHERE (InvoiceNo Is Null) and (WorkDate <= :CutOffDate) ";
+
 constexpr const char* kSelection =
     "SELECT T.CustomerID, T.JobID, T.TaskID, C.CustomerName, C.CustomerNo, C.DiscPC, "
     "C.DiscDays, C.NetDays, C.COD, C.Prepayment, C.TermsText, C.Tax1ID, C.Tax2ID, "
     "C.Tax1ExemptionNo, C.Tax2ExemptionNo, C.CurrencyID, J.JobName, K.LineNo, K.RateOverride, "
-    "TT.Rate, TT.TaxCodes, SUM(T.Hours) TotalHours FROM TimeSht T "
-    "INNER JOIN Customer C ON T.CustomerID = C.CustomerID "
-    "INNER JOIN Job J ON T.JobID = J.JobID "
-    "INNER JOIN Task K ON T.TaskID = K.TaskID "
-    "INNER JOIN TaskType TT on K.TaskTypeID = TT.TaskTypeID "
-    "WHERE (T.InvoiceNo Is Null) and (T.WorkDate <= :CutOffDate) ";
+    "TT.Rate, TT.TaxCodes, T.TotalHours FROM (";
 
-constexpr const char* kGroups =
-    "C.CustomerName, C.CustomerNo, T.CustomerID, J.JobName, T.JobID, K.LineNo, T.TaskID, "
-    "C.DiscPC, C.DiscDays, C.NetDays, C.COD, C.Prepayment, C.TermsText, C.Tax1ID, C.Tax2ID, "
-    "C.Tax1ExemptionNo, C.Tax2ExemptionNo, C.CurrencyID, K.RateOverride, TT.Rate, TT.TaxCodes";
+constexpr const char* kJoins = ") T INNER JOIN Customer C ON T.CustomerID = C.CustomerID "
+                               "INNER JOIN Job J ON T.JobID = J.JobID "
+                               "INNER JOIN Task K ON T.TaskID = K.TaskID "
+                               "INNER JOIN TaskType TT on K.TaskTypeID = TT.TaskTypeID ";
+
+// The order of the groups is the order of the run: customers by name and number, jobs by name,
+// tasks by their place on the job. The task's id makes each group's place unique.
+constexpr const char* kOrder =
+    "ORDER BY C.CustomerName, C.CustomerNo, T.CustomerID, J.JobName, T.JobID, K.LineNo, "
+    "T.TaskID";
 
 std::optional<std::int64_t> OptionalInt(const store::Field& f) {
     if (f.IsNull()) return std::nullopt;
@@ -42,11 +51,10 @@ std::optional<std::int64_t> OptionalInt(const store::Field& f) {
 } // namespace
 
 std::vector<BillingRow> SelectUnbilledTime(store::Database& db, const AutoCreateRequest& request) {
-    std::string sql = kSelection;
-    if (request.CustomerID) sql += "and (T.CustomerID=:CustomerID) ";
-    if (request.JobID) sql += "and (T.JobID=:JobID) ";
-    // The order of the groups is the order of the run.
-    sql += std::string("GROUP BY ") + kGroups + " ORDER BY " + kGroups;
+    std::string sql = std::string(kSelection) + kUnbilledHours;
+    if (request.CustomerID) sql += "and (CustomerID=:CustomerID) ";
+    if (request.JobID) sql += "and (JobID=:JobID) ";
+    sql += std::string("GROUP BY CustomerID, JobID, TaskID") + kJoins + kOrder;
     store::Query q(db, sql);
     q.ParamByName("CutOffDate").SetAsDate(request.CutOff);
     if (request.CustomerID) q.ParamByName("CustomerID").SetAsInteger(*request.CustomerID);
@@ -103,9 +111,11 @@ public:
         : invoices_(db, "ARInv", InvoiceFields()), lines_(db, "ARInvDet", LineFields()),
           // The task's own index finds its few rows. Left to itself the engine would walk every
           // unbilled row through InvoiceNoWorkDate for each task: the empty text joined to the
-          // number keeps that index out of the choice.
+          // number keeps that index out of the choice. The customer and the job are those of the
+          // group billed, so a row is stamped only if its hours were counted on the line.
           stamp_(db, "UPDATE TimeSht SET InvoiceNo = :InvoiceNo WHERE TaskID = :TaskID AND "
-                     "(InvoiceNo || '') IS NULL AND WorkDate <= :CutOff") {
+                     "CustomerID = :CustomerID AND JobID = :JobID AND (InvoiceNo || '') IS NULL "
+                     "AND WorkDate <= :CutOff") {
         stamp_.Prepare();
     }
 
@@ -149,11 +159,13 @@ public:
                        Bucket(inv, 2, false)});
         stamp_.ParamByName("InvoiceNo").SetAsString(number);
         stamp_.ParamByName("CutOff").SetAsDate(req.CutOff);
+        stamp_.ParamByName("CustomerID").SetAsInteger(c.CustomerID);
         for (const BilledLine& line : inv.Lines) {
             lines_.Add({Value(keys.ARInvoiceID), Value(line.Seq), Value(line.Quantity),
                         Value(line.UnitPrice), Value(line.UnitPrice), Value(line.TaxCodes),
                         Value(line.JobID), Value(line.TaskID)});
             stamp_.ParamByName("TaskID").SetAsInteger(line.TaskID);
+            stamp_.ParamByName("JobID").SetAsInteger(line.JobID);
             stamp_.ExecSQL();
         }
     }
