@@ -22,6 +22,7 @@
 #include <QApplication>
 #include <QCalendarWidget>
 #include <QCloseEvent>
+#include <QComboBox>
 #include <QFocusEvent>
 #include <QKeyEvent>
 #include <QMenuBar>
@@ -185,12 +186,17 @@ void FormWindow::Pull() {
 }
 
 bool FormWindow::HasGrowingContent() const {
-    // A month calendar draws its days in a view too, but it has the size it needs.
+    // A month calendar draws its days in a view too, but it has the size it needs; a combo
+    // keeps its drop-down list in a hidden view, which asks for no room in the form.
+    auto ownsView = [](QWidget* w) {
+        return qobject_cast<QCalendarWidget*>(w) != nullptr ||
+               qobject_cast<QComboBox*>(w) != nullptr;
+    };
     for (QAbstractItemView* view : findChildren<QAbstractItemView*>()) {
         QWidget* up = view->parentWidget();
-        while (up && up != this && !qobject_cast<QCalendarWidget*>(up))
+        while (up && up != this && !ownsView(up))
             up = up->parentWidget();
-        if (!qobject_cast<QCalendarWidget*>(up)) return true;
+        if (!up || !ownsView(up)) return true;
     }
     return findChild<QPlainTextEdit*>() != nullptr;
 }
