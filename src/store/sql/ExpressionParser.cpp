@@ -212,7 +212,9 @@ ExprPtr ExpressionParser::ParseUnary() {
     Deeper(levels);
     if (Peek().IsSymbol("+")) {
         Next();
-        return ParseUnary();
+        ExprPtr operand = ParseUnary();
+        if (operand->Kind == ExprKind::Column) operand->NoIndex = true;
+        return operand;
     }
     if (Peek().IsSymbol("-")) {
         SourcePos pos = Next().Pos;

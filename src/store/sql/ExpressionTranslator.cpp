@@ -84,8 +84,13 @@ TypedSql ExpressionTranslator::Translate(const Expr& e) {
         return Literal(e);
     case ExprKind::Parameter:
         return Parameter(e);
-    case ExprKind::Column:
-        return scope_.Resolve(e.Qualifier, e.Text, e.Pos);
+    case ExprKind::Column: {
+        TypedSql column = scope_.Resolve(e.Qualifier, e.Text, e.Pos);
+        // The engine's own unary plus keeps the value, its type and its collation, and only
+        // takes the column out of the indexes the engine may choose.
+        if (e.NoIndex) column.Sql = "+" + column.Sql;
+        return column;
+    }
     case ExprKind::Negate:
         return Negate(e);
     case ExprKind::Not:

@@ -73,6 +73,9 @@ struct Expr {
     bool Negated = false;
     bool Distinct = false;
     bool Star = false;
+    // A column written "+Column": the engine is told not to search it by an index, the way a
+    // statement steers the engine to the index that suits it better.
+    bool NoIndex = false;
     char Quote = 0;
     std::vector<ExprPtr> Args;
     std::unique_ptr<SelectStatement> Select;

@@ -110,11 +110,11 @@ public:
     explicit InvoiceWriter(store::Database& db)
         : invoices_(db, "ARInv", InvoiceFields()), lines_(db, "ARInvDet", LineFields()),
           // The task's own index finds its few rows. Left to itself the engine would walk every
-          // unbilled row through InvoiceNoWorkDate for each task: the empty text joined to the
-          // number keeps that index out of the choice. The customer and the job are those of the
-          // group billed, so a row is stamped only if its hours were counted on the line.
+          // unbilled row through InvoiceNoWorkDate for each task: the plus keeps that index out
+          // of the choice. The customer and the job are those of the group billed, so a row is
+          // stamped only if its hours were counted on the line.
           stamp_(db, "UPDATE TimeSht SET InvoiceNo = :InvoiceNo WHERE TaskID = :TaskID AND "
-                     "CustomerID = :CustomerID AND JobID = :JobID AND (InvoiceNo || '') IS NULL "
+                     "CustomerID = :CustomerID AND JobID = :JobID AND +InvoiceNo IS NULL "
                      "AND WorkDate <= :CutOff") {
         stamp_.Prepare();
     }

@@ -613,6 +613,26 @@ TEST_F(SqlTranslation, CastsOfMoneyGiveItsPlainValue) {
     EXPECT_EQ(r.Column("M").Type, FieldType::Currency);
 }
 
+TEST_F(SqlTranslation, APlusBeforeAColumnKeepsItsIndexOutOfTheEnginesChoice) {
+    conn_.Exec("CREATE INDEX main.\"APInv@VendorID\" ON \"APInv\" (\"VendorID\")");
+    auto plan = [&](std::string_view text) {
+        Statement s(conn_, "EXPLAIN QUERY PLAN " + sql::TranslateSql(text, schema_).Sql);
+        std::string steps;
+        while (s.Step())
+            steps += s.ColumnNatural(3).Str() + ";";
+        return steps;
+    };
+    EXPECT_NE(plan("SELECT InvoiceNo FROM APInv WHERE VendorID = 2").find("APInv@VendorID"),
+              std::string::npos);
+    EXPECT_EQ(plan("SELECT InvoiceNo FROM APInv WHERE +VendorID = 2").find("APInv@VendorID"),
+              std::string::npos);
+    // The column keeps its type: money met by a number is still compared in ten-thousandths.
+    EXPECT_EQ(Run("SELECT InvoiceNo FROM APInv WHERE +VendorID = 2 ORDER BY +InvoiceNo").Texts(),
+              (std::vector<std::string>{"B-1", "B-2"}));
+    EXPECT_EQ(Run("SELECT InvoiceNo FROM APInv WHERE +Owing > 100").Texts(),
+              (std::vector<std::string>{"B-2"}));
+}
+
 TEST_F(SqlTranslation, RealLookupsOfTheProgram) {
     Result seq = Run("SELECT max(Seq) FROM APInvDet WHERE APInvoiceID=:APInvoiceID",
                      {{"APInvoiceID", Value(1)}});
