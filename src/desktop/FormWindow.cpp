@@ -257,6 +257,18 @@ void FormWindow::FollowGeometry() {
     }
 }
 
+void FormWindow::setVisible(bool visible) {
+    // A dialog that shows tells its focus widget it got the focus by a Tab, and a box then selects
+    // all its text: the key that opened a search, put there to be followed by the next, would be
+    // typed over. The form's caret and selection stand and are shown again.
+    opening_ = visible;
+    QDialog::setVisible(visible);
+    opening_ = false;
+    if (!visible || orphaned_) return;
+    if (ui::Control* active = form_.ActiveControl())
+        if (ControlBinding* b = BindingOf(*active)) b->Pull();
+}
+
 void FormWindow::resizeEvent(QResizeEvent* event) {
     QDialog::resizeEvent(event);
     if (sized_ && !orphaned_ && windowState() == Qt::WindowNoState) {

@@ -65,6 +65,9 @@ public:
     // A turn of the mouse wheel over the window: one Down (towards the user) or Up key, typed
     // where the focus is, whatever the size of the turn.
     void WheelTurned(bool towardsUser);
+    // The dialog is on its way to the screen; what its widgets do meanwhile is not the user's.
+    bool Opening() const { return opening_; }
+    void setVisible(bool visible) override;
 
 protected:
     bool eventFilter(QObject* watched, QEvent* event) override;
@@ -96,6 +99,7 @@ private:
     std::vector<std::unique_ptr<PopupMenuBinding>> popups_;
     std::unique_ptr<SlimBar> bar_;
     bool orphaned_ = false;
+    bool opening_ = false;
     bool sized_ = false;
 };
 

@@ -69,6 +69,7 @@ EditBinding::EditBinding(FormWindow& window, ui::CustomEdit& edit, QLineEdit* li
     // A click or a key the box handles itself moves the caret: the control follows. No handler
     // of the form runs on that, so it is no event.
     auto follow = [this] {
+        if (Window().Opening()) return;
         QString text = line_->text();
         if (text.toStdString() != edit_.Text()) return; // a typed change arrives on its own
         int caret = line_->cursorPosition();

@@ -75,6 +75,20 @@ TEST_F(EditCaretWindowTest, TheBoxsCaretAndSelectionReachTheControl) {
     EXPECT_EQ(form->editName.CaretPos(), 0);
 }
 
+TEST_F(EditCaretWindowTest, TheKeyThatStartedABoxIsFollowedByTheNextNotReplaced) {
+    // As a search opened by a typed key does: the hidden form focuses the box and puts the key
+    // in it, then shows.
+    form->Hide();
+    form->FocusControl(form->editCode);
+    form->editCode.SetText("b");
+    form->Show();
+    EXPECT_EQ(form->editCode.SelLength(), 0);
+    EXPECT_FALSE(code->hasSelectedText());
+    EXPECT_EQ(code->cursorPosition(), 1);
+    Type(code, "i");
+    EXPECT_EQ(form->editCode.Text(), "bi");
+}
+
 TEST_F(EditCaretWindowTest, TheControlsCaretAndSelectionShowInTheBox) {
     window->UserEvent([this] { form->editName.Select(9, 5); });
     EXPECT_EQ(name->selectedText(), "Tool");

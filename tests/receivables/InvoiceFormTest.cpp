@@ -46,6 +46,9 @@ TEST_F(InvoiceFormTest, LinesTypedIntoTheGridKeepTheTaxesAndAmountAndTheInvoiceS
     EXPECT_EQ(form.Caption, "New Invoice");
     EXPECT_EQ(form.tblARInv.FieldByName("InvoiceNo").AsString(), "5001");
     EXPECT_EQ(form.tblARInv.FieldByName("GLPeriod").AsInteger(), 3);
+    // The period and its year stand at the right, as numbers do.
+    EXPECT_TRUE(form.editPeriod.RightAligned());
+    EXPECT_TRUE(form.editYear.RightAligned());
     app.Run([&] {
         d.EnterText("editCustomerNo", "C1");
         d.Focus("editDescription");

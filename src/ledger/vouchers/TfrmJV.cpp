@@ -52,6 +52,8 @@ TfrmJV::TfrmJV(ui::Application& app, store::Database& db)
     editTransDate.CalendarCaption = "Transaction Date";
     EnterYearAsTwoDigits(EntryTable.FieldByName("GLYear"), BadYearMessage("Period"));
     LimitPeriodNumber(EntryTable.FieldByName("GLPeriod"), "Period");
+    // The year is shown through its two digits, yet it is a number beside the period's.
+    editYear.AlignRight = true;
     store::Field& description = EntryTable.FieldByName("TransDescription");
     description.OnGetText = [this](const store::Field& f, bool) { return DescriptionShown(f); };
     description.OnSetText = [this](store::Field& f, std::string_view typed) {

@@ -64,6 +64,8 @@ TfrmARInvoice::TfrmARInvoice(ui::Application& app, store::Database& db)
     ledger::EnterYearAsTwoDigits(EntryTable.FieldByName("GLYear"),
                                  ledger::BadYearMessage("Period"));
     ledger::LimitPeriodNumber(EntryTable.FieldByName("GLPeriod"), "Period");
+    // The year is shown through its two digits, yet it is a number beside the period's.
+    editYear.AlignRight = true;
 
     // The customer is typed by its number and kept by its id.
     store::Field& customer = EntryTable.FieldByName("CustomerID");

@@ -76,6 +76,8 @@ TfrmARPayment::TfrmARPayment(ui::Application& app, store::Database& db)
     ledger::EnterYearAsTwoDigits(EntryTable.FieldByName("GLYear"),
                                  ledger::BadYearMessage("Period"));
     ledger::LimitPeriodNumber(EntryTable.FieldByName("GLPeriod"), "Period");
+    // The year is shown through its two digits, yet it is a number beside the period's.
+    editYear.AlignRight = true;
     for (int code = 1; code <= 7; ++code)
         cboPaidBy.Items.push_back(PaidByText(code, checkWording_));
     cboPaidBy.OnChange = [this] {
