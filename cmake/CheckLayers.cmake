@@ -5,6 +5,9 @@ cmake_minimum_required(VERSION 3.25)
 # Each line of RULES is "layer|folders|folders left to other layers|allowed include prefixes", as
 # corvane_write_layer_rules writes it. An include counts when its first folder is a folder of
 # src/ (a layer); the standard and outside libraries are not looked at.
+#
+# The engine's connection is the store's own: outside it, data is read through the store's
+# queries and written through its checked writers, never by statements in the engine's SQL.
 file(STRINGS ${RULES} rules)
 file(GLOB top_entries RELATIVE ${SRC} ${SRC}/*)
 set(layer_folders)
@@ -55,6 +58,10 @@ foreach(rule IN LISTS rules)
             if(NOT ok)
                 string(APPEND failures "  src/${file}: #include \"${path}\" (layer ${layer} may "
                     "include ${allowed})\n")
+            endif()
+            if(path STREQUAL "store/sql/Connection.h" AND NOT file MATCHES "^store/")
+                string(APPEND failures "  src/${file}: #include \"${path}\" (the engine's "
+                    "connection is used only inside store/)\n")
             endif()
         endforeach()
     endforeach()

@@ -139,6 +139,31 @@ void BulkUpdate::Set(RowRef row, const std::vector<Value>& values) {
     s.Step();
 }
 
+BulkKeyedUpdate::BulkKeyedUpdate(Database& db, const std::string& table,
+                                 const std::vector<std::string>& keyFields,
+                                 const std::vector<std::string>& fields)
+    : db_(db), keys_(keyFields.size()), fields_(fields.size()) {
+    const TableDef& def = Definition(db, table);
+    std::string set;
+    for (const auto& field : fields)
+        set += (set.empty() ? "" : ", ") + schema::QuoteIdent(Checked(def, field).Name) + " = ?";
+    std::string where;
+    for (const auto& field : keyFields)
+        where += (where.empty() ? " WHERE " : " AND ") +
+                 schema::QuoteIdent(Checked(def, field).Name) + " IS ?";
+    sql_ = "UPDATE " + Qualified(def) + " SET " + set + where;
+}
+
+void BulkKeyedUpdate::Set(const std::vector<Value>& key, const std::vector<Value>& values) {
+    if (key.size() != keys_ || values.size() != fields_)
+        ThrowEngineError(errInvalidValue, "Wrong number of values for a bulk update");
+    Statement& s = db_.Conn().Cached(sql_);
+    StatementRun run(s);
+    s.BindAll(values);
+    s.BindAll(key, static_cast<int>(fields_) + 1);
+    s.Step();
+}
+
 std::int64_t CountRowsWhere(Database& db, const std::string& table, const std::string& field,
                             const Value& value) {
     const TableDef& def = Definition(db, table);

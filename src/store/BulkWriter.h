@@ -84,6 +84,23 @@ private:
     std::size_t fields_;
 };
 
+// Sets the named fields of every row whose key fields hold the given values (an empty value
+// matches an empty field; no key fields: every row), in one statement: for a run that knows its
+// rows by their keys alone, where a look-up first would cost a second statement a row.
+class BulkKeyedUpdate {
+public:
+    BulkKeyedUpdate(Database& db, const std::string& table,
+                    const std::vector<std::string>& keyFields,
+                    const std::vector<std::string>& fields);
+    void Set(const std::vector<Value>& key, const std::vector<Value>& values);
+
+private:
+    Database& db_;
+    std::string sql_;
+    std::size_t keys_;
+    std::size_t fields_;
+};
+
 // The rows whose field holds the value: how many, and removing them.
 std::int64_t CountRowsWhere(Database& db, const std::string& table, const std::string& field,
                             const Value& value);

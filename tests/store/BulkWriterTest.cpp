@@ -20,6 +20,7 @@ TEST_F(BulkWriterTest, FieldsAreCheckedAgainstTheDefinitionBeforeAnythingIsWritt
              },
              [&] { BulkLookup(db_, "GLActual", {"GLAccountID"}, {"Amount1; DROP"}); },
              [&] { BulkUpdate(db_, "GLActual", {"rowid"}); },
+             [&] { BulkKeyedUpdate(db_, "GLActual", {"GLAccountID = 1 OR 1"}, {"Amount1"}); },
              [&] { CountRowsWhere(db_, "GLHist", "JVID = 1 OR 1", Value(1)); }}) {
         try {
             make();
@@ -59,6 +60,32 @@ TEST_F(BulkWriterTest, RowsAreFoundByKeysWithEmptyKeysMatchingEmptyFieldsAndChan
     EXPECT_EQ(CountRowsWhere(db_, "GLActual", "GLAccountID", Value(4)), 2);
     DeleteRowsWhere(db_, "GLActual", "SubAccount1ID", Value(2));
     EXPECT_EQ(CountRowsWhere(db_, "GLActual", "GLAccountID", Value(4)), 1);
+}
+
+TEST_F(BulkWriterTest, AKeyedUpdateChangesEveryRowOfItsKeyWithAnEmptyKeyMatchingOnlyEmptyFields) {
+    BulkInsert insert(db_, "GLActual",
+                      {"GLAccountID", "SubAccount1ID", "GLYear", "ActualBudget", "Amount1"});
+    insert.Add({Value(4), Value(), Value(2017), Value("A"), Value(Money::FromCents(100))});
+    insert.Add({Value(4), Value(), Value(2017), Value("B"), Value(Money::FromCents(200))});
+    insert.Add({Value(4), Value(2), Value(2017), Value("A"), Value(Money::FromCents(300))});
+    insert.Add({Value(5), Value(), Value(2017), Value("A"), Value(Money::FromCents(400))});
+
+    BulkKeyedUpdate update(db_, "GLActual", {"GLAccountID", "SubAccount1ID"}, {"Amount1"});
+    update.Set({Value(4), Value()}, {Value(Money::FromCents(7))});
+    EXPECT_THROW(update.Set({Value(4)}, {Value(Money::FromCents(7))}), EngineError);
+    auto amounts = [&] {
+        std::vector<Value> out;
+        Query q(db_, "SELECT Amount1 FROM GLActual ORDER BY GLAccountID, SubAccount1ID, Amount1");
+        q.ForEachRow([&](const std::vector<Value>& row) { out.push_back(row[0]); });
+        return out;
+    };
+    EXPECT_EQ(amounts(),
+              (std::vector<Value>{Value(Money::FromCents(7)), Value(Money::FromCents(7)),
+                                  Value(Money::FromCents(300)), Value(Money::FromCents(400))}));
+
+    BulkKeyedUpdate every(db_, "GLActual", {}, {"GLYear"});
+    every.Set({}, {Value(2018)});
+    EXPECT_EQ(CountRowsWhere(db_, "GLActual", "GLYear", Value(2018)), 4);
 }
 
 } // namespace

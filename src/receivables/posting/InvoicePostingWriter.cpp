@@ -1,18 +1,17 @@
 #include "receivables/posting/InvoicePostingWriter.h"
 
 #include "ledger/domain/VoucherNumbering.h"
-#include "ledger/posting/StatementColumns.h"
+#include "ledger/posting/RowColumns.h"
 #include "store/Database.h"
+#include "store/Query.h"
 #include "store/Value.h"
-#include "store/sql/Connection.h"
 
 #include <cstdlib>
 
 namespace corvane::receivables {
 
 using ledger::OptionalInt;
-using store::Statement;
-using store::StatementRun;
+using ledger::QueryRow;
 using store::Value;
 
 namespace {
@@ -21,11 +20,14 @@ Value Optional(const std::optional<std::int64_t>& v) {
     return v ? Value(*v) : Value();
 }
 
-void Run(store::Database& db, const std::string& sql, const std::vector<Value>& values) {
-    Statement& s = db.Conn().Cached(sql);
-    StatementRun run(s);
-    s.BindAll(values);
-    s.Step();
+// The first row of a query, if it has one.
+std::optional<QueryRow> FirstRow(store::Database& db, const std::string& sql) {
+    store::Query query(db, sql);
+    std::optional<QueryRow> first;
+    query.ForEachRow([&](const QueryRow& row) {
+        if (!first) first = row;
+    });
+    return first;
 }
 
 } // namespace
@@ -40,35 +42,44 @@ InvoicePostingWriter::InvoicePostingWriter(store::Database& db)
                      "SubAccount3ID", "GLAmount"}),
       stockHistory_(db, "IHist",
                     {"IHistID", "ItemID", "WarehouseID", "GLYear", "GLPeriod", "TransType",
-                     "TransDate", "Quantity", "TransDescription", "ARInvoiceID"}) {
-    {
-        Statement& s = db_.Conn().Cached("SELECT NextJVID, NextJVNumber FROM main.JVCtl LIMIT 1");
-        StatementRun run(s);
-        if (s.Step()) {
-            jvCtlExists_ = true;
-            jvId_.Next = OptionalInt(s, 0);
-            jvNumber_.Next = OptionalInt(s, 1);
-        }
+                     "TransDate", "Quantity", "TransDescription", "ARInvoiceID"}),
+      payments_(db, "ARPmt",
+                {"PaymentID", "ChequeNo", "CustomerID", "BankID", "GLYear", "GLPeriod",
+                 "PaymentDate", "ChequeAmount", "Posted", "Reconciled", "PaidBy"}),
+      paymentLinks_(db, "ARInvPmt", {"ARInvoiceID", "PaymentID", "Seq", "PaymentAmount"}),
+      numberTaken_(db, "JV", {"GLYear", "GLPeriod", "JVNumber"}, {}),
+      posted_(db, "ARInv", {"ARInvoiceID"}, {"Posted", "ExchangeRate"}),
+      unitCost_(db, "ARInvDet", {"ARInvoiceID", "Seq"}, {"UnitCost"}),
+      findCustomer_(db, "CBalance", {"CustomerID"}, {"Balance"}),
+      setCustomer_(db, "CBalance", {"CustomerID"}, {"Balance"}),
+      newCustomer_(db, "CBalance", {"CustomerID", "Balance"}),
+      findStock_(db, "IBalance", {"ItemID", "WarehouseID"}, {"QtyOnHand"}),
+      setStock_(db, "IBalance", {"ItemID", "WarehouseID"}, {"QtyOnHand"}),
+      newStock_(db, "IBalance", {"ItemID", "WarehouseID", "QtyOnHand"}),
+      setJVCtl_(db, "JVCtl", {}, {"NextJVID", "NextJVNumber"}),
+      newJVCtl_(db, "JVCtl", {"NextJVID", "NextJVNumber"}),
+      setPmtCtl_(db, "ARPmtCtl", {}, {"NextPaymentID"}),
+      newPmtCtl_(db, "ARPmtCtl", {"NextPaymentID"}) {
+    if (auto row = FirstRow(db_, "SELECT NextJVID, NextJVNumber FROM JVCtl")) {
+        jvCtlExists_ = true;
+        jvId_.Next = OptionalInt(*row, 0);
+        jvNumber_.Next = OptionalInt(*row, 1);
     }
-    Statement& s = db_.Conn().Cached("SELECT NextPaymentID FROM main.ARPmtCtl LIMIT 1");
-    StatementRun run(s);
-    if (s.Step()) {
+    if (auto row = FirstRow(db_, "SELECT NextPaymentID FROM ARPmtCtl")) {
         pmtCtlExists_ = true;
-        paymentId_.Next = OptionalInt(s, 0);
+        paymentId_.Next = OptionalInt(*row, 0);
     }
 }
 
 std::int64_t InvoicePostingWriter::MaxPlusOne(const char* sql) {
-    Statement& s = db_.Conn().Cached(sql);
-    StatementRun run(s);
-    s.Step();
-    return s.ColumnIsNull(0) ? 1 : s.ColumnInt(0) + 1;
+    auto row = FirstRow(db_, sql);
+    return row ? ledger::IntAt(*row, 0) + 1 : 1;
 }
 
 std::int64_t InvoicePostingWriter::NextJVID() {
     // A company whose control row is missing or was never filled carries on after the highest.
     std::int64_t id =
-        jvId_.Next && *jvId_.Next >= 1 ? *jvId_.Next : MaxPlusOne("SELECT max(JVID) FROM main.JV");
+        jvId_.Next && *jvId_.Next >= 1 ? *jvId_.Next : MaxPlusOne("SELECT max(JVID) FROM JV");
     jvId_.Next = id + 1;
     jvId_.Changed = true;
     return id;
@@ -76,17 +87,12 @@ std::int64_t InvoicePostingWriter::NextJVID() {
 
 std::int64_t InvoicePostingWriter::NextJVNumber(int year, int period) {
     std::int64_t number = ledger::VoucherNumberToUse(jvNumber_.Next.value_or(0));
-    Statement& s = db_.Conn().Cached(
-        "SELECT 1 FROM main.JV WHERE GLYear = ? AND GLPeriod = ? AND JVNumber = ?");
     // A number already taken in the period, by hand or by an earlier run, is passed over. The
     // vouchers of this run still waiting in the batch hold numbers below the next, never it,
     // unless the numbers have just started again from the first: then they must be seen.
     if (number != jvNumber_.Next.value_or(0)) vouchers_.Flush();
-    for (;; ++number) {
-        StatementRun run(s);
-        s.BindAll({Value(year), Value(period), Value(number)});
-        if (!s.Step()) break;
-    }
+    while (numberTaken_.Find({Value(year), Value(period), Value(number)}))
+        ++number;
     jvNumber_.Next = number + 1;
     jvNumber_.Changed = true;
     return number;
@@ -95,7 +101,7 @@ std::int64_t InvoicePostingWriter::NextJVNumber(int year, int period) {
 std::int64_t InvoicePostingWriter::NextPaymentID() {
     std::int64_t id = paymentId_.Next && *paymentId_.Next >= 1
                           ? *paymentId_.Next
-                          : MaxPlusOne("SELECT max(PaymentID) FROM main.ARPmt");
+                          : MaxPlusOne("SELECT max(PaymentID) FROM ARPmt");
     paymentId_.Next = id + 1;
     paymentId_.Changed = true;
     return id;
@@ -126,26 +132,22 @@ std::int64_t InvoicePostingWriter::WriteVoucher(const VoucherToWrite& v, const V
 }
 
 void InvoicePostingWriter::MarkPosted(std::int64_t arInvoiceId, double rate) {
-    Run(db_, "UPDATE main.ARInv SET Posted = ?, ExchangeRate = ? WHERE ARInvoiceID = ?",
-        {Value(true), Value(rate), Value(arInvoiceId)});
+    posted_.Set({Value(arInvoiceId)}, {Value(true), Value(rate)});
 }
 
 void InvoicePostingWriter::SetUnitCost(std::int64_t arInvoiceId, std::int64_t seq,
                                        std::optional<Money> cost) {
-    Run(db_, "UPDATE main.ARInvDet SET UnitCost = ? WHERE ARInvoiceID = ? AND Seq = ?",
-        {cost ? Value(*cost) : Value(), Value(arInvoiceId), Value(seq)});
+    unitCost_.Set({Value(arInvoiceId), Value(seq)}, {cost ? Value(*cost) : Value()});
 }
 
 void InvoicePostingWriter::AddToCustomerBalance(std::int64_t customerId, Money amount) {
     auto [it, fresh] = customers_.try_emplace(customerId);
     Balance& b = it->second;
     if (fresh) {
-        Statement& s = db_.Conn().Cached("SELECT Balance FROM main.CBalance WHERE CustomerID = ?");
-        StatementRun run(s);
-        s.Bind(1, Value(customerId));
-        if (s.Step()) {
+        if (auto found = findCustomer_.Find({Value(customerId)})) {
             b.Exists = true;
-            b.Amount = ledger::MoneyAt(s, 0);
+            const Value& balance = found->Values[0];
+            if (!balance.IsNull()) b.Amount = balance.Money();
         }
     }
     b.Amount += amount;
@@ -163,14 +165,10 @@ void InvoicePostingWriter::SellStock(const StockMove& move, const InvoiceToPost&
     auto [it, fresh] = stock_.try_emplace({move.ItemID, inv.WarehouseID});
     Balance& b = it->second;
     if (fresh) {
-        Statement& s = db_.Conn().Cached(
-            "SELECT QtyOnHand FROM main.IBalance WHERE ItemID = ? AND WarehouseID IS ?");
-        StatementRun run(s);
-        s.BindAll({Value(move.ItemID), Optional(inv.WarehouseID)});
-        if (s.Step()) {
+        if (auto found = findStock_.Find({Value(move.ItemID), Optional(inv.WarehouseID)})) {
             b.Exists = true;
-            Value q = s.ColumnValue(0, store::FieldType::Float);
-            if (!q.IsNull()) b.Quantity = q.Float();
+            const Value& quantity = found->Values[0];
+            if (!quantity.IsNull()) b.Quantity = quantity.Float();
         }
     }
     const double sold = move.Quantity.value_or(0);
@@ -181,18 +179,12 @@ void InvoicePostingWriter::SellStock(const StockMove& move, const InvoiceToPost&
 
 std::int64_t InvoicePostingWriter::WritePayment(const InvoiceToPost& inv) {
     const std::int64_t id = NextPaymentID();
-    Run(db_,
-        "INSERT INTO main.ARPmt (PaymentID, ChequeNo, CustomerID, BankID, GLYear, GLPeriod, "
-        "PaymentDate, ChequeAmount, Posted, Reconciled, PaidBy) "
-        "VALUES (?, ?, ?, ?, ?, ?, ?, ?, ?, ?, ?)",
-        {Value(id), inv.POSPmtReference.empty() ? Value() : Value(inv.POSPmtReference),
-         Value(inv.CustomerID), Optional(inv.POSPmtBankID), Value(inv.GLYear), Value(inv.GLPeriod),
-         Value(inv.InvoiceDate), Value(inv.POSPmtAmount), Value(true), Value(false),
-         inv.POSPmtPaidBy ? Value(*inv.POSPmtPaidBy) : Value()});
-    Run(db_,
-        "INSERT INTO main.ARInvPmt (ARInvoiceID, PaymentID, Seq, PaymentAmount) "
-        "VALUES (?, ?, ?, ?)",
-        {Value(inv.ARInvoiceID), Value(id), Value(1), Value(inv.POSPmtAmount)});
+    payments_.Add({Value(id), inv.POSPmtReference.empty() ? Value() : Value(inv.POSPmtReference),
+                   Value(inv.CustomerID), Optional(inv.POSPmtBankID), Value(inv.GLYear),
+                   Value(inv.GLPeriod), Value(inv.InvoiceDate), Value(inv.POSPmtAmount),
+                   Value(true), Value(false),
+                   inv.POSPmtPaidBy ? Value(*inv.POSPmtPaidBy) : Value()});
+    paymentLinks_.Add({Value(inv.ARInvoiceID), Value(id), Value(1), Value(inv.POSPmtAmount)});
     return id;
 }
 
@@ -205,11 +197,9 @@ void InvoicePostingWriter::Flush() {
     for (auto& [customer, b] : customers_) {
         if (!b.Changed) continue;
         if (b.Exists)
-            Run(db_, "UPDATE main.CBalance SET Balance = ? WHERE CustomerID = ?",
-                {Value(b.Amount), Value(customer)});
+            setCustomer_.Set({Value(customer)}, {Value(b.Amount)});
         else
-            Run(db_, "INSERT INTO main.CBalance (CustomerID, Balance) VALUES (?, ?)",
-                {Value(customer), Value(b.Amount)});
+            newCustomer_.Add({Value(customer), Value(b.Amount)});
         b.Exists = true;
         b.Changed = false;
     }
@@ -217,29 +207,26 @@ void InvoicePostingWriter::Flush() {
         if (!b.Changed) continue;
         const Value quantity = b.Quantity ? Value(*b.Quantity) : Value();
         if (b.Exists)
-            Run(db_, "UPDATE main.IBalance SET QtyOnHand = ? WHERE ItemID = ? AND WarehouseID IS ?",
-                {quantity, Value(key.first), Optional(key.second)});
+            setStock_.Set({Value(key.first), Optional(key.second)}, {quantity});
         else
-            Run(db_, "INSERT INTO main.IBalance (ItemID, WarehouseID, QtyOnHand) VALUES (?, ?, ?)",
-                {Value(key.first), Optional(key.second), quantity});
+            newStock_.Add({Value(key.first), Optional(key.second), quantity});
         b.Exists = true;
         b.Changed = false;
     }
     if (jvId_.Changed || jvNumber_.Changed) {
         const std::vector<Value> values{Optional(jvId_.Next), Optional(jvNumber_.Next)};
         if (jvCtlExists_)
-            Run(db_, "UPDATE main.JVCtl SET NextJVID = ?, NextJVNumber = ?", values);
+            setJVCtl_.Set({}, values);
         else
-            Run(db_, "INSERT INTO main.JVCtl (NextJVID, NextJVNumber) VALUES (?, ?)", values);
+            newJVCtl_.Add(values);
         jvCtlExists_ = true;
         jvId_.Changed = jvNumber_.Changed = false;
     }
     if (paymentId_.Changed) {
         if (pmtCtlExists_)
-            Run(db_, "UPDATE main.ARPmtCtl SET NextPaymentID = ?", {Optional(paymentId_.Next)});
+            setPmtCtl_.Set({}, {Optional(paymentId_.Next)});
         else
-            Run(db_, "INSERT INTO main.ARPmtCtl (NextPaymentID) VALUES (?)",
-                {Optional(paymentId_.Next)});
+            newPmtCtl_.Add({Optional(paymentId_.Next)});
         pmtCtlExists_ = true;
         paymentId_.Changed = false;
     }

@@ -69,7 +69,22 @@ private:
     // The vouchers, their lines and the stock history go in by batches; nothing in the run
     // reads them back.
     store::BulkInsert vouchers_, voucherLines_, stockHistory_;
-    bool countersRead_ = false;
+    // The point-of-sale payments and their links, one row each as the run meets them.
+    store::BulkInsert payments_, paymentLinks_;
+    store::BulkLookup numberTaken_;
+    store::BulkKeyedUpdate posted_, unitCost_;
+    // Each balance read once, written back by Flush: changed where it was, added where not.
+    store::BulkLookup findCustomer_;
+    store::BulkKeyedUpdate setCustomer_;
+    store::BulkInsert newCustomer_;
+    store::BulkLookup findStock_;
+    store::BulkKeyedUpdate setStock_;
+    store::BulkInsert newStock_;
+    // The control rows: every row takes the counters, as the run holds the tables.
+    store::BulkKeyedUpdate setJVCtl_;
+    store::BulkInsert newJVCtl_;
+    store::BulkKeyedUpdate setPmtCtl_;
+    store::BulkInsert newPmtCtl_;
     bool jvCtlExists_ = false, pmtCtlExists_ = false;
     Counter jvId_, jvNumber_, paymentId_;
     std::map<std::int64_t, Balance> customers_;

@@ -1,213 +1,199 @@
 #include "receivables/posting/InvoiceReader.h"
 
-#include "ledger/posting/StatementColumns.h"
+#include "ledger/posting/RowColumns.h"
 #include "receivables/taxes/TaxBuckets.h"
-#include "store/Database.h"
 #include "store/Value.h"
-#include "store/sql/Connection.h"
 
 #include <string>
+#include <utility>
 
 namespace corvane::receivables {
 
+using ledger::IntAt;
 using ledger::MoneyAt;
 using ledger::OptionalInt;
-using store::Statement;
-using store::StatementRun;
+using ledger::QueryRow;
+using ledger::TextAt;
 using store::Value;
 
 namespace {
 
-std::string TextAt(const Statement& s, int column) {
-    Value v = s.ColumnValue(column, store::FieldType::String);
-    return v.IsNull() ? std::string() : v.Str();
+std::optional<double> FloatAt(const QueryRow& row, std::size_t column) {
+    const Value& v = row.at(column);
+    switch (v.kind()) {
+    case Value::Kind::Float:
+        return v.Float();
+    case Value::Kind::Integer:
+        return static_cast<double>(v.Int());
+    default:
+        return std::nullopt;
+    }
 }
 
-std::optional<double> FloatAt(const Statement& s, int column) {
-    Value v = s.ColumnValue(column, store::FieldType::Float);
-    if (v.IsNull()) return std::nullopt;
-    return v.Float();
+std::optional<Money> OptionalMoneyAt(const QueryRow& row, std::size_t column) {
+    if (row.at(column).IsNull()) return std::nullopt;
+    return MoneyAt(row, column);
 }
 
-std::optional<Money> OptionalMoneyAt(const Statement& s, int column) {
-    Value v = s.ColumnValue(column, store::FieldType::Currency);
-    if (v.IsNull()) return std::nullopt;
-    return v.Money();
+bool BoolAt(const QueryRow& row, std::size_t column) {
+    const Value& v = row.at(column);
+    return v.kind() == Value::Kind::Boolean && v.Bool();
 }
 
-bool BoolAt(const Statement& s, int column) {
-    Value v = s.ColumnValue(column, store::FieldType::Boolean);
-    return !v.IsNull() && v.Bool();
-}
-
-constexpr const char* SelectionWhere = " WHERE i.Posted = ? AND i.Printed = ?";
-
-void BindSelection(Statement& s) {
-    s.Bind(1, Value(false));
-    s.Bind(2, Value(true));
-}
+// The run's selection: printed invoices not yet posted.
+constexpr const char* SelectionWhere = " WHERE i.Posted = FALSE AND i.Printed = TRUE";
 
 // Reads a master whose rows are an id and one optional account.
 void ReadAccounts(store::Database& db, const std::string& sql,
                   std::map<std::int64_t, std::optional<std::int64_t>>& out) {
-    Statement& s = db.Conn().Cached(sql);
-    StatementRun run(s);
-    while (s.Step())
-        out[s.ColumnInt(0)] = OptionalInt(s, 1);
+    store::Query master(db, sql);
+    master.ForEachRow([&](const QueryRow& row) { out[IntAt(row, 0)] = OptionalInt(row, 1); });
 }
 
 } // namespace
 
+InvoiceReader::InvoiceReader(store::Database& db)
+    : db_(db),
+      item_(db, "SELECT SalesGLAccountID, SalesSubAccount1ID, SalesSubAccount2ID, "
+                "SalesSubAccount3ID, COGSGLAccountID, COGSSubAccount1ID, COGSSubAccount2ID, "
+                "COGSSubAccount3ID, InventoryGLAccountID, InventorySubAccount1ID, "
+                "InventorySubAccount2ID, InventorySubAccount3ID, WgtAvgCost, StandardCost, "
+                "ItemTypeID FROM Item WHERE ItemID = :ItemID"),
+      task_(db, "SELECT TaskTypeID FROM Task WHERE TaskID = :TaskID") {}
+
 std::int64_t InvoiceReader::CountToPost(store::Database& db) {
-    Statement& s =
-        db.Conn().Cached(std::string("SELECT count(*) FROM main.ARInv i") + SelectionWhere);
-    StatementRun run(s);
-    BindSelection(s);
-    s.Step();
-    return s.ColumnInt(0);
+    store::Query count(db, std::string("SELECT count(*) FROM ARInv i") + SelectionWhere);
+    std::int64_t n = 0;
+    count.ForEachRow([&](const QueryRow& row) { n = IntAt(row, 0); });
+    return n;
 }
 
 void InvoiceReader::ReadMasters() {
-    {
-        Statement& s = db_.Conn().Cached("SELECT CurrencyID, ExchangeRate, ARGLAccountID, "
-                                         "GainLossExchangeGLAccntID FROM main.Currency");
-        StatementRun run(s);
-        while (s.Step())
-            currencies_[s.ColumnInt(0)] = {FloatAt(s, 1).value_or(0), OptionalInt(s, 2),
-                                           OptionalInt(s, 3)};
-    }
-    ReadAccounts(db_, "SELECT TaxID, TaxGLAccountID FROM main.Tax", taxAccounts_);
-    ReadAccounts(db_, "SELECT BankID, BankGLAccountID FROM main.Bank", bankAccounts_);
-    ReadAccounts(db_, "SELECT TaskTypeID, SalesGLAccountID FROM main.TaskType", taskTypeAccounts_);
-    Statement& s =
-        db_.Conn().Cached("SELECT ItemTypeID, Inventory, CostingMethod FROM main.ItemType");
-    StatementRun run(s);
-    while (s.Step())
-        itemTypes_[s.ColumnInt(0)] = {BoolAt(s, 1),
-                                      static_cast<int>(OptionalInt(s, 2).value_or(0))};
+    store::Query currency(db_, "SELECT CurrencyID, ExchangeRate, ARGLAccountID, "
+                               "GainLossExchangeGLAccntID FROM Currency");
+    currency.ForEachRow([&](const QueryRow& row) {
+        currencies_[IntAt(row, 0)] = {FloatAt(row, 1).value_or(0), OptionalInt(row, 2),
+                                      OptionalInt(row, 3)};
+    });
+    ReadAccounts(db_, "SELECT TaxID, TaxGLAccountID FROM Tax", taxAccounts_);
+    ReadAccounts(db_, "SELECT BankID, BankGLAccountID FROM Bank", bankAccounts_);
+    ReadAccounts(db_, "SELECT TaskTypeID, SalesGLAccountID FROM TaskType", taskTypeAccounts_);
+    store::Query type(db_, "SELECT ItemTypeID, Inventory, CostingMethod FROM ItemType");
+    type.ForEachRow([&](const QueryRow& row) {
+        itemTypes_[IntAt(row, 0)] = {BoolAt(row, 1), static_cast<int>(IntAt(row, 2))};
+    });
 }
 
 std::optional<ItemForPosting> InvoiceReader::Item(std::int64_t itemId) {
     if (auto it = items_.find(itemId); it != items_.end()) return it->second;
-    Statement& s = db_.Conn().Cached(
-        "SELECT SalesGLAccountID, SalesSubAccount1ID, SalesSubAccount2ID, SalesSubAccount3ID, "
-        "COGSGLAccountID, COGSSubAccount1ID, COGSSubAccount2ID, COGSSubAccount3ID, "
-        "InventoryGLAccountID, InventorySubAccount1ID, InventorySubAccount2ID, "
-        "InventorySubAccount3ID, WgtAvgCost, StandardCost, ItemTypeID FROM main.Item "
-        "WHERE ItemID = ?");
-    StatementRun run(s);
-    s.Bind(1, Value(itemId));
+    item_.ParamByName("ItemID").SetAsInteger(itemId);
     std::optional<ItemForPosting> item;
-    if (s.Step()) {
+    item_.ForEachRow([&](const QueryRow& row) {
+        if (item) return; // the first row, as the key is the item's
         item.emplace();
-        item->Sales = ledger::ReadAccount(s, 0);
-        item->Cogs = ledger::ReadAccount(s, 4);
-        item->Stock = ledger::ReadAccount(s, 8);
-        item->WgtAvgCost = OptionalMoneyAt(s, 12);
-        item->StandardCost = OptionalMoneyAt(s, 13);
-        if (auto type = OptionalInt(s, 14)) {
+        item->Sales = ledger::ReadAccount(row, 0);
+        item->Cogs = ledger::ReadAccount(row, 4);
+        item->Stock = ledger::ReadAccount(row, 8);
+        item->WgtAvgCost = OptionalMoneyAt(row, 12);
+        item->StandardCost = OptionalMoneyAt(row, 13);
+        if (auto type = OptionalInt(row, 14)) {
             auto flags = itemTypes_.find(*type);
             if (flags != itemTypes_.end()) {
                 item->Inventory = flags->second.Inventory;
                 item->CostingMethod = flags->second.CostingMethod;
             }
         }
-    }
+    });
     return items_.emplace(itemId, item).first->second;
 }
 
 std::optional<std::int64_t> InvoiceReader::TaskSalesAccount(std::int64_t taskId) {
     if (auto it = taskSalesAccounts_.find(taskId); it != taskSalesAccounts_.end())
         return it->second;
-    Statement& s = db_.Conn().Cached("SELECT TaskTypeID FROM main.Task WHERE TaskID = ?");
-    StatementRun run(s);
-    s.Bind(1, Value(taskId));
+    task_.ParamByName("TaskID").SetAsInteger(taskId);
     std::optional<std::int64_t> account;
-    if (s.Step())
-        if (auto type = OptionalInt(s, 0)) {
+    bool first = true;
+    task_.ForEachRow([&](const QueryRow& row) {
+        if (!std::exchange(first, false)) return;
+        if (auto type = OptionalInt(row, 0)) {
             auto it = taskTypeAccounts_.find(*type);
             if (it != taskTypeAccounts_.end()) account = it->second;
         }
+    });
     return taskSalesAccounts_.emplace(taskId, account).first->second;
 }
 
 std::vector<InvoiceToPost> InvoiceReader::ReadToPost() {
     ReadMasters();
     std::vector<InvoiceToPost> invoices;
-    {
-        Statement& s = db_.Conn().Cached(
-            std::string("SELECT ARInvoiceID, InvoiceNo, CustomerID, WarehouseID, GLYear, "
-                        "GLPeriod, InvoiceDate, InvoiceAmount, POSPmtAmount, POSPmtPaidBy, "
-                        "POSPmtReference, POSPmtBankID, Tax1ID, Tax2ID, Tax1Code, Tax2Code, "
-                        "Tax1Rate, Tax2Rate, TaxableAmtCode1, TaxableAmtCode2, TaxableAmtCode3, "
-                        "TaxableAmount1, TaxableAmount2, TaxableAmount3, CurrencyID "
-                        "FROM main.ARInv i") +
-            SelectionWhere + " ORDER BY ARInvoiceID");
-        StatementRun run(s);
-        BindSelection(s);
-        while (s.Step()) {
-            InvoiceToPost inv;
-            inv.ARInvoiceID = s.ColumnInt(0);
-            inv.InvoiceNo = TextAt(s, 1);
-            inv.CustomerID = s.ColumnInt(2);
-            inv.WarehouseID = OptionalInt(s, 3);
-            inv.GLYear = static_cast<int>(s.ColumnInt(4));
-            inv.GLPeriod = static_cast<int>(s.ColumnInt(5));
-            inv.InvoiceDate = s.ColumnValue(6, store::FieldType::Date).Date();
-            inv.InvoiceAmount = MoneyAt(s, 7);
-            inv.POSPmtAmount = MoneyAt(s, 8);
-            if (auto paidBy = OptionalInt(s, 9)) inv.POSPmtPaidBy = static_cast<int>(*paidBy);
-            inv.POSPmtReference = TextAt(s, 10);
-            inv.POSPmtBankID = OptionalInt(s, 11);
-            // The taxes anew from the stored buckets and the invoice's own copies of code and
-            // rate, as entry showed them.
-            TaxBuckets buckets;
-            for (int k = 0; k < 3; ++k)
-                buckets[static_cast<std::size_t>(k)] = {TextAt(s, 18 + k), MoneyAt(s, 21 + k)};
-            inv.Tax1Amount = TaxAmount(buckets, TextAt(s, 14), FloatAt(s, 16).value_or(0));
-            inv.Tax2Amount = TaxAmount(buckets, TextAt(s, 15), FloatAt(s, 17).value_or(0));
-            // A tax that is gone, like one never set, has no account.
-            auto account = [](const auto& map, std::optional<std::int64_t> id) {
-                std::optional<std::int64_t> found;
-                if (id)
-                    if (auto it = map.find(*id); it != map.end()) found = it->second;
-                return found;
-            };
-            inv.Tax1GLAccountID = account(taxAccounts_, OptionalInt(s, 12));
-            inv.Tax2GLAccountID = account(taxAccounts_, OptionalInt(s, 13));
-            inv.POSBankGLAccountID = account(bankAccounts_, inv.POSPmtBankID);
-            if (auto currency = OptionalInt(s, 24))
-                if (auto it = currencies_.find(*currency); it != currencies_.end()) {
-                    inv.StoredRate = it->second.Rate;
-                    inv.ARGLAccountID = it->second.ARGLAccountID;
-                    inv.GainLossGLAccountID = it->second.GainLossGLAccountID;
-                }
-            invoices.push_back(std::move(inv));
-        }
-    }
-    Statement& s = db_.Conn().Cached(
-        std::string("SELECT d.ARInvoiceID, d.Seq, d.Quantity, d.UnitPrice, d.ItemID, d.TaskID "
-                    "FROM main.ARInv i JOIN main.ARInvDet d ON d.ARInvoiceID = i.ARInvoiceID") +
-        SelectionWhere + " ORDER BY d.ARInvoiceID, d.Seq");
-    StatementRun run(s);
-    BindSelection(s);
+    store::Query header(
+        db_, std::string("SELECT ARInvoiceID, InvoiceNo, CustomerID, WarehouseID, GLYear, "
+                         "GLPeriod, InvoiceDate, InvoiceAmount, POSPmtAmount, POSPmtPaidBy, "
+                         "POSPmtReference, POSPmtBankID, Tax1ID, Tax2ID, Tax1Code, Tax2Code, "
+                         "Tax1Rate, Tax2Rate, TaxableAmtCode1, TaxableAmtCode2, TaxableAmtCode3, "
+                         "TaxableAmount1, TaxableAmount2, TaxableAmount3, CurrencyID "
+                         "FROM ARInv i") +
+                 SelectionWhere + " ORDER BY ARInvoiceID");
+    header.ForEachRow([&](const QueryRow& row) {
+        InvoiceToPost inv;
+        inv.ARInvoiceID = IntAt(row, 0);
+        inv.InvoiceNo = TextAt(row, 1);
+        inv.CustomerID = IntAt(row, 2);
+        inv.WarehouseID = OptionalInt(row, 3);
+        inv.GLYear = static_cast<int>(IntAt(row, 4));
+        inv.GLPeriod = static_cast<int>(IntAt(row, 5));
+        inv.InvoiceDate = row[6].Date();
+        inv.InvoiceAmount = MoneyAt(row, 7);
+        inv.POSPmtAmount = MoneyAt(row, 8);
+        if (auto paidBy = OptionalInt(row, 9)) inv.POSPmtPaidBy = static_cast<int>(*paidBy);
+        inv.POSPmtReference = TextAt(row, 10);
+        inv.POSPmtBankID = OptionalInt(row, 11);
+        // The taxes anew from the stored buckets and the invoice's own copies of code and
+        // rate, as entry showed them.
+        TaxBuckets buckets;
+        for (std::size_t k = 0; k < 3; ++k)
+            buckets[k] = {TextAt(row, 18 + k), MoneyAt(row, 21 + k)};
+        inv.Tax1Amount = TaxAmount(buckets, TextAt(row, 14), FloatAt(row, 16).value_or(0));
+        inv.Tax2Amount = TaxAmount(buckets, TextAt(row, 15), FloatAt(row, 17).value_or(0));
+        // A tax that is gone, like one never set, has no account.
+        auto account = [](const auto& map, std::optional<std::int64_t> id) {
+            std::optional<std::int64_t> found;
+            if (id)
+                if (auto it = map.find(*id); it != map.end()) found = it->second;
+            return found;
+        };
+        inv.Tax1GLAccountID = account(taxAccounts_, OptionalInt(row, 12));
+        inv.Tax2GLAccountID = account(taxAccounts_, OptionalInt(row, 13));
+        inv.POSBankGLAccountID = account(bankAccounts_, inv.POSPmtBankID);
+        if (auto currency = OptionalInt(row, 24))
+            if (auto it = currencies_.find(*currency); it != currencies_.end()) {
+                inv.StoredRate = it->second.Rate;
+                inv.ARGLAccountID = it->second.ARGLAccountID;
+                inv.GainLossGLAccountID = it->second.GainLossGLAccountID;
+            }
+        invoices.push_back(std::move(inv));
+    });
+    store::Query lines(
+        db_, std::string("SELECT d.ARInvoiceID, d.Seq, d.Quantity, d.UnitPrice, d.ItemID, "
+                         "d.TaskID FROM ARInv i JOIN ARInvDet d ON d.ARInvoiceID = i.ARInvoiceID") +
+                 SelectionWhere + " ORDER BY d.ARInvoiceID, d.Seq");
     // Both reads are in key order: the lines are dealt out to their invoices in one pass.
     std::size_t next = 0;
-    while (s.Step()) {
-        const std::int64_t id = s.ColumnInt(0);
+    lines.ForEachRow([&](const QueryRow& row) {
+        const std::int64_t id = IntAt(row, 0);
         while (next < invoices.size() && invoices[next].ARInvoiceID < id)
             ++next;
-        if (next == invoices.size() || invoices[next].ARInvoiceID != id) continue;
+        if (next == invoices.size() || invoices[next].ARInvoiceID != id) return;
         InvoiceLineToPost line;
-        line.Seq = OptionalInt(s, 1).value_or(0);
-        line.Quantity = FloatAt(s, 2);
-        line.UnitPrice = OptionalMoneyAt(s, 3);
-        line.ItemID = OptionalInt(s, 4);
-        line.TaskID = OptionalInt(s, 5);
+        line.Seq = IntAt(row, 1);
+        line.Quantity = FloatAt(row, 2);
+        line.UnitPrice = OptionalMoneyAt(row, 3);
+        line.ItemID = OptionalInt(row, 4);
+        line.TaskID = OptionalInt(row, 5);
         invoices[next].Lines.push_back(line);
-    }
-    // The look-ups after the reads: no statement may be stepped while another of the same
-    // text is open, and the item look-up is one cached statement.
+    });
+    // The look-ups after the reads, each with its one prepared query; an item or task met
+    // again is taken from what was read the first time.
     for (auto& inv : invoices)
         for (auto& line : inv.Lines) {
             if (line.ItemID) line.Item = Item(*line.ItemID);

@@ -1,15 +1,12 @@
 #pragma once
 
 #include "receivables/posting/InvoicePosting.h"
+#include "store/Query.h"
 
 #include <cstdint>
 #include <map>
 #include <optional>
 #include <vector>
-
-namespace corvane::store {
-class Database;
-}
 
 namespace corvane::receivables {
 
@@ -18,7 +15,7 @@ namespace corvane::receivables {
 // each line's item, item type and task type. The masters are read once for the whole run.
 class InvoiceReader {
 public:
-    explicit InvoiceReader(store::Database& db) : db_(db) {}
+    explicit InvoiceReader(store::Database& db);
 
     // Printed invoices not yet posted: the run's selection.
     static std::int64_t CountToPost(store::Database& db);
@@ -46,6 +43,8 @@ private:
     std::map<std::int64_t, ItemTypeFlags> itemTypes_;
     std::map<std::int64_t, std::optional<ItemForPosting>> items_;
     std::map<std::int64_t, std::optional<std::int64_t>> taskSalesAccounts_;
+    // The look-ups of an item and a task, prepared once for the run.
+    store::Query item_, task_;
 };
 
 } // namespace corvane::receivables
