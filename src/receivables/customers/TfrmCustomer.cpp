@@ -135,7 +135,7 @@ TfrmCustomer::TfrmCustomer(ui::Application& app, store::Database& db, shell::Tdm
     tabTax.SetLayout(Column{
         FormRow{"Tax 1:", Row{cboTax1, btnTaxes, Stretch{}}},
         FormRow{"Exemption No. 1:", editTax1ExemptionNo},
-        FormRow{"Tax 2:", cboTax2},
+        FormRow{"Tax 2:", Row{cboTax2, Stretch{}}},
         FormRow{"Exemption No. 2:", editTax2ExemptionNo},
         FormRow{"Tax No.:", editTaxNo},
         FormRow{"Salesman:", Row{cboSalesman, btnSalesmen, Stretch{}}},
