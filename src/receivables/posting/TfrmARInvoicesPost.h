@@ -1,11 +1,6 @@
 #pragma once
 
-#include "ui/Button.h"
-#include "ui/Form.h"
-#include "ui/Label.h"
-#include "ui/ProgressBar.h"
-
-#include <cstdint>
+#include "shell/patterns/PostingDialog.h"
 
 namespace corvane::store {
 class Database;
@@ -13,27 +8,18 @@ class Database;
 
 namespace corvane::receivables {
 
-// "Post AR Invoices": the count of printed invoices waiting, a progress bar, OK and Cancel. OK
-// posts every one of them through InvoicePostingRun.
-class TfrmARInvoicesPost : public ui::Form {
+// "Post AR Invoices": OK posts every printed invoice waiting through InvoicePostingRun.
+class TfrmARInvoicesPost : public shell::PostingDialog {
 public:
     TfrmARInvoicesPost(ui::Application& app, store::Database& db);
 
     static constexpr const char* ConflictMessage =
         "A conflicting program is running...\nPlease close 'AR Invoice' form";
 
-    std::int64_t InvoiceCount() const { return count_; }
-
-    ui::Label lblCount{*this, "lblCount"};
-    ui::ProgressBar ProgressBar1{*this, "ProgressBar1"};
-    ui::Button btnOK{*this, "btnOK", "OK"};
-    ui::Button btnCancel{*this, "btnCancel", "Cancel"};
-
 private:
-    void Post();
+    void RunPosting(Progress& progress) override;
 
     store::Database& db_;
-    std::int64_t count_ = 0; // counted when the form is made
 };
 
 } // namespace corvane::receivables
