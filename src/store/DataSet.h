@@ -55,6 +55,8 @@ public:
     bool Active() const { return state_ != DataSetState::Inactive; }
     void SetActive(bool active) { active ? Open() : Close(); }
     DataSetState State() const { return state_; }
+    // A record is being changed or added and not yet posted.
+    bool Editing() const { return state_ == DataSetState::Edit || state_ == DataSetState::Insert; }
 
     // ----- moving, in the order of the active index, within range and filter
     void First();

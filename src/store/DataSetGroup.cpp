@@ -64,8 +64,7 @@ void DataSetGroup::CloseAll() noexcept {
     // Records in edit are cancelled while every cursor is still open, for the handlers that
     // look at the others (a voucher's lines at the accounts they name).
     each([](DataSet& dataSet) {
-        if (dataSet.State() == DataSetState::Edit || dataSet.State() == DataSetState::Insert)
-            dataSet.Cancel();
+        if (dataSet.Editing()) dataSet.Cancel();
     });
     each([](DataSet& dataSet) { dataSet.Close(); });
     // Whatever still happens to them (a close from their destructors) calls nothing back.

@@ -149,6 +149,11 @@ void Application::ShowMessage(const std::string& text) {
     MessageDlg(text, MsgType::Plain, {mbOK});
 }
 
+bool Application::PassWarning(const std::string& text) {
+    return dialogs_.Show(Message{"Warning", text, MsgType::Warning, {mbOK, mbCancel}, mbCancel}) ==
+           mbOK;
+}
+
 // ----- wait cursor
 
 void Application::BeginWait() {

@@ -87,6 +87,9 @@ public:
     MsgButton MessageDlg(const std::string& text, MsgType type, MsgButtons buttons,
                          std::optional<MsgButton> defaultButton = std::nullopt);
     void ShowMessage(const std::string& text);
+    // A warning the user may pass: titled "Warning", OK and Cancel with Cancel the default.
+    // True when the user chose OK.
+    bool PassWarning(const std::string& text);
 
     // ----- wait cursor; see WaitCursor
     int WaitDepth() const { return waitDepth_; }

@@ -28,7 +28,7 @@ bool FieldDataLink::CanModify() const {
 bool FieldDataLink::Edit() {
     if (!CanModify()) return false;
     if (dataSet_.State() == DataSetState::Browse) dataSet_.Edit();
-    return dataSet_.State() == DataSetState::Edit || dataSet_.State() == DataSetState::Insert;
+    return dataSet_.Editing();
 }
 
 void FieldDataLink::UpdateRecord(const std::function<void(store::Field&)>& write) {

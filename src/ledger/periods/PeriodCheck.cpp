@@ -28,13 +28,7 @@ void CheckPeriod(ui::Application& app, const CompanyPeriods& company, Period per
 
 bool ConfirmPeriodWarning(ui::Application& app, const std::string& message,
                           ui::Control* periodControl) {
-    ui::Message warning;
-    warning.Title = "Warning";
-    warning.Text = message;
-    warning.Type = ui::MsgType::Warning;
-    warning.Buttons = ui::MsgButtons{ui::mbOK, ui::mbCancel};
-    warning.DefaultButton = ui::mbCancel;
-    if (app.GetDialogs().Show(warning) == ui::mbOK) return true;
+    if (app.PassWarning(message)) return true;
     if (periodControl && periodControl->CanFocus()) periodControl->SetFocus();
     return false;
 }

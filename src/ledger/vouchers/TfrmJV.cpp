@@ -29,10 +29,6 @@ namespace text = voucher_text;
 
 namespace {
 
-bool Editing(const store::DataSet& ds) {
-    return ds.State() == DataSetState::Edit || ds.State() == DataSetState::Insert;
-}
-
 // The subaccount id fields of a line, level 1 to 3.
 constexpr const char* kSubFields[] = {"SubAccount1ID", "SubAccount2ID", "SubAccount3ID"};
 
@@ -282,7 +278,7 @@ void TfrmJV::CreateLinesTable() {
 void TfrmJV::ClearLines() {
     nextSeq_ = 1;
     if (!tblJVDet.Active()) return;
-    if (Editing(tblJVDet)) tblJVDet.Cancel();
+    if (tblJVDet.Editing()) tblJVDet.Cancel();
     // The name is the form's own, never typed by anyone.
     store::Query clear(EntryTable.OwnerDatabase(), "DELETE FROM \"\\Memory\\" + linesTable_ + "\"");
     clear.ExecSQL();
@@ -433,7 +429,7 @@ void TfrmJV::RefusePosted() const {
 void TfrmJV::DropNewLines() {
     if (closing_) return;
     // The saved lines come back once the voucher is at rest again (after the cancel).
-    if (Editing(tblJVDet)) tblJVDet.Cancel();
+    if (tblJVDet.Editing()) tblJVDet.Cancel();
     if (EntryTable.State() != DataSetState::Insert) return;
     ClearLines();
     totals_.Clear();
@@ -442,20 +438,20 @@ void TfrmJV::DropNewLines() {
 
 bool TfrmJV::HasUnsavedWork() {
     // A line still being typed counts as a change of the voucher.
-    return EntryForm::HasUnsavedWork() || (Editing(tblJVDet) && tblJVDet.Modified());
+    return EntryForm::HasUnsavedWork() || (tblJVDet.Editing() && tblJVDet.Modified());
 }
 
 void TfrmJV::DropUntouchedWork() {
     if (EntryTable.State() == DataSetState::Insert)
         EntryTable.Cancel();
-    else if (Editing(tblJVDet))
+    else if (tblJVDet.Editing())
         tblJVDet.Cancel();
 }
 
 void TfrmJV::DropWork() {
-    if (Editing(EntryTable))
+    if (EntryTable.Editing())
         EntryTable.Cancel();
-    else if (Editing(tblJVDet))
+    else if (tblJVDet.Editing())
         tblJVDet.Cancel();
 }
 
@@ -527,7 +523,7 @@ void TfrmJV::ImportLines(const std::string& fileName) {
             tblJVDet.Post();
         } catch (...) {
             // A refused line is not left half made; the lines before it stay.
-            if (Editing(tblJVDet)) tblJVDet.Cancel();
+            if (tblJVDet.Editing()) tblJVDet.Cancel();
             ShowTotals();
             throw;
         }
@@ -541,7 +537,7 @@ void TfrmJV::ShowHelp() {
 }
 
 void TfrmJV::DeleteLine() {
-    if (Editing(tblJVDet) && tblJVDet.State() == DataSetState::Insert) {
+    if (tblJVDet.Editing() && tblJVDet.State() == DataSetState::Insert) {
         tblJVDet.Cancel();
         return;
     }
@@ -551,8 +547,8 @@ void TfrmJV::DeleteLine() {
 
 void TfrmJV::SaveVoucher() {
     CommitPendingEdit();
-    if (Editing(tblJVDet)) tblJVDet.CheckBrowseMode();
-    if (!Editing(EntryTable)) return;
+    if (tblJVDet.Editing()) tblJVDet.CheckBrowseMode();
+    if (!EntryTable.Editing()) return;
     // The checks stop on what the user typed: they run before the write lock is taken.
     CheckBeforeSave();
     // The lines are read through a cursor of their own: the grid stays where the user left it.
@@ -597,8 +593,8 @@ void TfrmJV::CopyFrom(int sourceId) {
         }
     } catch (...) {
         copying_ = false;
-        if (Editing(tblJVDet)) tblJVDet.Cancel();
-        if (Editing(EntryTable)) EntryTable.Cancel();
+        if (tblJVDet.Editing()) tblJVDet.Cancel();
+        if (EntryTable.Editing()) EntryTable.Cancel();
         throw;
     }
     ShowCaption();

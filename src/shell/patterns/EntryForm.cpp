@@ -9,10 +9,6 @@ namespace corvane::shell {
 
 using store::DataSetState;
 
-static bool Editing(const store::DataSet& ds) {
-    return ds.State() == DataSetState::Edit || ds.State() == DataSetState::Insert;
-}
-
 EntryForm::EntryForm(ui::Application& app, std::string name, store::Database& db,
                      std::string tableName, std::string tableComponentName)
     : Form(app, std::move(name)), EntryTable(db, std::move(tableName)) {
@@ -38,7 +34,7 @@ void EntryForm::PostRecord() {
 }
 
 void EntryForm::SaveAndClose() {
-    if (Editing(EntryTable)) PostRecord();
+    if (EntryTable.Editing()) PostRecord();
     Close();
 }
 
@@ -50,7 +46,7 @@ void EntryForm::CancelAndClose() {
             store::DataSet& ds;
             ~Enable() { ds.EnableControls(); }
         } enable{EntryTable};
-        if (Editing(EntryTable)) EntryTable.Cancel();
+        if (EntryTable.Editing()) EntryTable.Cancel();
     }
     // Closing may free the form: nothing of it is touched after.
     Close();
@@ -68,7 +64,7 @@ void EntryForm::DropUntouchedWork() {
 
 void EntryForm::AskBeforeClose(bool& canClose) {
     // What is still in the focused edit counts as typed; after a Cancel there is nothing to keep.
-    if (Editing(EntryTable)) CommitPendingEdit();
+    if (EntryTable.Editing()) CommitPendingEdit();
     if (!HasUnsavedWork()) {
         DropUntouchedWork();
         return;

@@ -15,13 +15,7 @@ namespace corvane::timebilling {
 namespace text = time_text;
 using store::DataSetState;
 
-namespace {
-
-bool Editing(const store::DataSet& ds) {
-    return ds.State() == DataSetState::Edit || ds.State() == DataSetState::Insert;
-}
-
-} // namespace
+namespace {} // namespace
 
 TfrmJob::TfrmJob(ui::Application& app, store::Database& db)
     : EntryForm(app, "frmJob", db, "Job", "tblJob"), tblTask(db, "Task"),
@@ -77,7 +71,7 @@ TfrmJob::TfrmJob(ui::Application& app, store::Database& db)
         Enforce(CheckCustomerChoice(EntryTable.OwnerDatabase(), EntryTable, f.AsValue()), {});
     };
     EntryTable.BeforePost = [this](store::DataSet&) {
-        if (Editing(tblTask)) tblTask.CheckBrowseMode();
+        if (tblTask.Editing()) tblTask.CheckBrowseMode();
         Enforce(CheckJob(EntryTable.OwnerDatabase(), EntryTable),
                 {{"CustomerID", &cboCustomer}, {"JobName", &editJobName}});
     };
@@ -87,7 +81,7 @@ TfrmJob::TfrmJob(ui::Application& app, store::Database& db)
         ShowCaption();
     };
     EntryTable.BeforeCancel = [this](store::DataSet&) {
-        if (Editing(tblTask)) tblTask.Cancel();
+        if (tblTask.Editing()) tblTask.Cancel();
     };
     EntryTable.AfterCancel = [this](store::DataSet&) {
         RestoreSnapshot();
@@ -170,7 +164,7 @@ std::int64_t TfrmJob::JobId() {
 
 void TfrmJob::ShowTasks() {
     if (!EntryTable.Active() || !tblTask.Active()) return;
-    if (Editing(tblTask)) return;
+    if (tblTask.Editing()) return;
     const store::Value job(JobId());
     tblTask.SetRange({job}, {job});
 }
@@ -253,17 +247,17 @@ void TfrmJob::CopyFrom(std::int64_t sourceId) {
 }
 
 bool TfrmJob::HasUnsavedWork() {
-    return EntryForm::HasUnsavedWork() || (Editing(tblTask) && tblTask.Modified());
+    return EntryForm::HasUnsavedWork() || (tblTask.Editing() && tblTask.Modified());
 }
 
 void TfrmJob::DropUntouchedWork() {
-    if (Editing(tblTask)) tblTask.Cancel();
+    if (tblTask.Editing()) tblTask.Cancel();
     if (EntryTable.State() == DataSetState::Insert && tblTask.IsEmpty()) EntryTable.Cancel();
 }
 
 void TfrmJob::DropWork() {
-    if (Editing(tblTask)) tblTask.Cancel();
-    if (Editing(EntryTable)) EntryTable.Cancel();
+    if (tblTask.Editing()) tblTask.Cancel();
+    if (EntryTable.Editing()) EntryTable.Cancel();
 }
 
 std::string TfrmJob::KeyViolationMessage() const {

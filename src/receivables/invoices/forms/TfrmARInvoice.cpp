@@ -22,10 +22,6 @@ namespace text = invoice_text;
 
 namespace {
 
-bool Editing(const store::DataSet& ds) {
-    return ds.State() == DataSetState::Edit || ds.State() == DataSetState::Insert;
-}
-
 std::optional<std::int64_t> OptId(const store::Field& f) {
     if (f.IsNull()) return std::nullopt;
     return f.AsInteger();
@@ -183,7 +179,7 @@ void TfrmARInvoice::ReadOnlyMessage(ui::Control& control, const char* message) {
 
 void TfrmARInvoice::EditLineNotes(char typed) {
     // A grid without lines gets its first one; a row being typed keeps being typed.
-    const bool newLine = !Editing(tblARInvDet) && tblARInvDet.IsEmpty();
+    const bool newLine = !tblARInvDet.Editing() && tblARInvDet.IsEmpty();
     const std::string notes = newLine ? std::string() : tblARInvDet.FieldByName("Notes").AsString();
     const std::optional<std::string> kept =
         App().SingleForm<TfrmARInvoiceNotes>().Edit(notes + std::string(1, typed));
@@ -191,7 +187,7 @@ void TfrmARInvoice::EditLineNotes(char typed) {
     // The line's own rules decide whether it may change (a time line may not).
     if (newLine)
         tblARInvDet.Insert();
-    else if (!Editing(tblARInvDet))
+    else if (!tblARInvDet.Editing())
         tblARInvDet.Edit();
     if (kept->empty())
         tblARInvDet.FieldByName("Notes").Clear();
@@ -309,7 +305,7 @@ void TfrmARInvoice::BeforeLineChange(store::DataSet& lines) {
     if (Posted()) throw Exception(text::PostedCannotChange);
     // Any change of a line is a change of the invoice, and the first one keeps the lines as
     // they were for Cancel.
-    if (!Editing(EntryTable)) EntryTable.Edit();
+    if (!EntryTable.Editing()) EntryTable.Edit();
     TakeSnapshot();
     if (lines.State() == DataSetState::Browse && !lines.IsEmpty())
         lineBefore_ = {
@@ -334,7 +330,7 @@ void TfrmARInvoice::RestoreSnapshot() {
         bool& flag;
         ~Done() { flag = false; }
     } done{restoring_};
-    if (Editing(tblARInvDet)) tblARInvDet.Cancel();
+    if (tblARInvDet.Editing()) tblARInvDet.Cancel();
     snapshot_.Restore(EntryTable.OwnerDatabase());
     tblARInvDet.Refresh();
 }
@@ -378,7 +374,7 @@ void TfrmARInvoice::NewInvoice() {
 }
 
 void TfrmARInvoice::ShowLines() {
-    if (closing_ || !EntryTable.Active() || Editing(EntryTable)) return;
+    if (closing_ || !EntryTable.Active() || EntryTable.Editing()) return;
     const bool empty = EntryTable.IsEmpty();
     const Value id = empty ? Value(0) : EntryTable.FieldByName("ARInvoiceID").AsValue();
     tblARInvDet.SetRange({id}, {id});
@@ -507,7 +503,7 @@ void TfrmARInvoice::LineDeleted() {
 }
 
 void TfrmARInvoice::ApplyTaxes(const TaxedLine& before, const TaxedLine& after) {
-    if (!Editing(EntryTable)) return;
+    if (!EntryTable.Editing()) return;
     store::Field& amount = EntryTable.FieldByName("InvoiceAmount");
     const TaxUpdate update =
         UpdateDocumentTaxes(buckets_, taxes_, amount.AsMoney(), taxAmounts_, before, after);
@@ -552,7 +548,7 @@ InvoiceHeader TfrmARInvoice::Header() {
 }
 
 void TfrmARInvoice::SetPayment(const PointOfSalePayment& p) {
-    if (!Editing(EntryTable)) EntryTable.Edit();
+    if (!EntryTable.Editing()) EntryTable.Edit();
     const bool paid = !p.Amount.IsZero();
     auto set = [&](std::string_view name, const Value& v) {
         EntryTable.FieldByName(name).SetValue(v);
@@ -589,26 +585,20 @@ void TfrmARInvoice::CheckBeforeSave() {
             if (v.OpenPayment && OpenPayment) OpenPayment();
             Abort();
         }
-        ui::Message warning;
-        warning.Title = "Warning";
-        warning.Text = v.Message;
-        warning.Type = ui::MsgType::Warning;
-        warning.Buttons = ui::MsgButtons{ui::mbOK, ui::mbCancel};
-        warning.DefaultButton = ui::mbCancel;
-        if (App().GetDialogs().Show(warning) != ui::mbOK) Abort();
+        if (!App().PassWarning(v.Message)) Abort();
         (v.Field == "GLPeriod" ? passed.Period : passed.ZeroAmount) = true;
     }
 }
 
 void TfrmARInvoice::SaveInvoice() {
-    if (Editing(tblARInvDet)) tblARInvDet.Post();
-    if (Editing(EntryTable)) EntryTable.Post();
+    if (tblARInvDet.Editing()) tblARInvDet.Post();
+    if (EntryTable.Editing()) EntryTable.Post();
     EntryTable.FlushBuffers();
     if (AfterSave) AfterSave(*this);
 }
 
 bool TfrmARInvoice::HasUnsavedWork() {
-    return Editing(EntryTable) && (EntryTable.Modified() || snapshot_.Taken());
+    return EntryTable.Editing() && (EntryTable.Modified() || snapshot_.Taken());
 }
 
 void TfrmARInvoice::DropLines() {

@@ -26,10 +26,6 @@ namespace {
 
 constexpr const char* MoneyFormat = "#,###,##0.00#;(#,###,##0.00#)";
 
-bool Editing(const store::DataSet& ds) {
-    return ds.State() == DataSetState::Edit || ds.State() == DataSetState::Insert;
-}
-
 std::optional<std::int64_t> OptId(const store::Field& f) {
     if (f.IsNull()) return std::nullopt;
     return f.AsInteger();
@@ -86,7 +82,7 @@ TfrmARPayment::TfrmARPayment(ui::Application& app, store::Database& db)
         store::Field& paidBy = EntryTable.FieldByName("PaidBy");
         const Value chosen = index >= 0 ? Value(index + 1) : Value();
         if (paidBy.AsValue() == chosen) return;
-        if (!Editing(EntryTable)) EntryTable.Edit();
+        if (!EntryTable.Editing()) EntryTable.Edit();
         paidBy.SetValue(chosen);
     };
 
@@ -147,7 +143,7 @@ TfrmARPayment::TfrmARPayment(ui::Application& app, store::Database& db)
         if (!ChooseCustomer) return;
         const std::optional<std::int64_t> chosen = ChooseCustomer();
         if (!chosen) return;
-        if (!Editing(EntryTable)) EntryTable.Edit();
+        if (!EntryTable.Editing()) EntryTable.Edit();
         if (EntryTable.FieldByName("CustomerID").AsValue() != Value(*chosen)) {
             if (LineCount() > 0) throw Exception(text::CustomerFixed);
             EntryTable.FieldByName("CustomerID").SetAsInteger(*chosen);
@@ -407,7 +403,7 @@ void TfrmARPayment::PickAccount(int level, char firstChar) {
     if (search->SearchTable.FieldByName("Suspended").AsBoolean())
         throw Exception(level == 0 ? text::TypedAccountSuspended : text::TypedSubaccountSuspended);
     const Value chosen = search->SelectedKey().front();
-    if (!Editing(tblARInvPmt)) {
+    if (!tblARInvPmt.Editing()) {
         if (tblARInvPmt.IsEmpty())
             tblARInvPmt.Append();
         else
@@ -437,7 +433,7 @@ void TfrmARPayment::SetLineInvoice(std::int64_t arInvoiceId, bool moveToPayment)
     const bool same = !current.IsNull() && current.AsInteger() == arInvoiceId;
     if (!same && invoices_.count(arInvoiceId) && oldInvoice_ != arInvoiceId)
         throw Exception(InvoiceAlreadyOnMessage(db, arInvoiceId));
-    if (!Editing(tblARInvPmt)) {
+    if (!tblARInvPmt.Editing()) {
         if (tblARInvPmt.IsEmpty())
             tblARInvPmt.Append();
         else
@@ -499,10 +495,10 @@ std::optional<InvoiceDue> TfrmARPayment::LineInvoice() {
 
 void TfrmARPayment::ApplyToLine(
     const std::function<void(AllocationLine&, const InvoiceDue&)>& command) {
-    if (tblARInvPmt.IsEmpty() && !Editing(tblARInvPmt)) return;
+    if (tblARInvPmt.IsEmpty() && !tblARInvPmt.Editing()) return;
     const std::optional<InvoiceDue> due = LineInvoice();
     if (!due) return;
-    if (!Editing(tblARInvPmt)) tblARInvPmt.Edit();
+    if (!tblARInvPmt.Editing()) tblARInvPmt.Edit();
     AllocationLine line = CurrentLine();
     command(line, *due);
     PutLine(line);
@@ -513,7 +509,7 @@ void TfrmARPayment::BeforeLineChange(store::DataSet& lines) {
     if (Posted()) throw Exception(text::PostedCannotChange);
     // Any change of a line is a change of the payment, and the first one keeps the lines as
     // they were for Cancel.
-    if (!Editing(EntryTable)) EntryTable.Edit();
+    if (!EntryTable.Editing()) EntryTable.Edit();
     snapshot_.Take(EntryTable.OwnerDatabase(), "ARInvPmt", "PaymentID",
                    EntryTable.FieldByName("PaymentID").AsValue());
     if (lines.State() == DataSetState::Browse && !lines.IsEmpty()) {
@@ -584,11 +580,11 @@ void TfrmARPayment::AutoCreate() {
         throw Exception("There are no outstanding invoices for '" +
                         (name.IsNull() ? std::string() : name.Str()) + "'.");
     }
-    if (Editing(tblARInvPmt)) tblARInvPmt.Cancel();
+    if (tblARInvPmt.Editing()) tblARInvPmt.Cancel();
     if (LineCount() > 0 && App().MessageDlg(text::AutoCreateReplaces, ui::MsgType::Confirmation,
                                             {ui::mbOK, ui::mbCancel}) != ui::mbOK)
         return;
-    if (!Editing(EntryTable)) EntryTable.Edit();
+    if (!EntryTable.Editing()) EntryTable.Edit();
     const Value id = EntryTable.FieldByName("PaymentID").AsValue();
     snapshot_.Take(db, "ARInvPmt", "PaymentID", id);
     const Date date = EntryTable.FieldByName("PaymentDate").IsNull()
@@ -605,9 +601,9 @@ void TfrmARPayment::AutoCreate() {
 void TfrmARPayment::ReadLines() {
     if (closing_ || !EntryTable.Active()) return;
     // A new payment has its id from the start, before any row of it is stored.
-    const bool none = !Editing(EntryTable) && EntryTable.IsEmpty();
+    const bool none = !EntryTable.Editing() && EntryTable.IsEmpty();
     const Value id = none ? Value(0) : EntryTable.FieldByName("PaymentID").AsValue();
-    if (!Editing(EntryTable)) {
+    if (!EntryTable.Editing()) {
         tblARInvPmt.SetRange({id}, {id});
         snapshot_.Forget();
     }
@@ -740,13 +736,7 @@ void TfrmARPayment::CheckBeforeSave() {
             App().MessageDlg(v.Message, ui::MsgType::Error, {ui::mbOK});
             Abort();
         case PaymentVerdict::Kind::Warning: {
-            ui::Message warning;
-            warning.Title = "Warning";
-            warning.Text = v.Message;
-            warning.Type = ui::MsgType::Warning;
-            warning.Buttons = ui::MsgButtons{ui::mbOK, ui::mbCancel};
-            warning.DefaultButton = ui::mbCancel;
-            if (App().GetDialogs().Show(warning) != ui::mbOK) Abort();
+            if (!App().PassWarning(v.Message)) Abort();
             answered.Period = true;
             break;
         }
@@ -764,18 +754,18 @@ void TfrmARPayment::CheckBeforeSave() {
 }
 
 void TfrmARPayment::SavePayment() {
-    if (Editing(tblARInvPmt)) tblARInvPmt.Post();
-    if (Editing(EntryTable)) EntryTable.Post();
+    if (tblARInvPmt.Editing()) tblARInvPmt.Post();
+    if (EntryTable.Editing()) EntryTable.Post();
     EntryTable.FlushBuffers();
     if (AfterSave) AfterSave(*this);
 }
 
 bool TfrmARPayment::HasUnsavedWork() {
-    return Editing(EntryTable) && (EntryTable.Modified() || snapshot_.Taken());
+    return EntryTable.Editing() && (EntryTable.Modified() || snapshot_.Taken());
 }
 
 void TfrmARPayment::DropLines() {
-    if (Editing(tblARInvPmt)) {
+    if (tblARInvPmt.Editing()) {
         restoring_ = true;
         tblARInvPmt.Cancel();
         restoring_ = false;
