@@ -9,7 +9,7 @@ namespace corvane::inventory {
 
 TfrmInvTotalsFilter::TfrmInvTotalsFilter(ui::Application& app, TfrmInvTotals& list,
                                          shell::TdmLookUps& lookUps)
-    : FilterForm(app, "frmInvTotalsFilter", list), tblItem(list.Db(), "Item"),
+    : ChoicesFilterForm(app, "frmInvTotalsFilter", list), tblItem(list.Db(), "Item"),
       tblItemSubtype(list.Db(), "ItemSubtype"),
       cboItem(*this, "cboItem", tblItem, "ItemID", "ItemNo;ItemDescription"),
       cboWarehouse(*this, "cboWarehouse", lookUps.ListSource(shell::LookUp::Warehse), "WarehouseID",
@@ -37,31 +37,15 @@ TfrmInvTotalsFilter::TfrmInvTotalsFilter(ui::Application& app, TfrmInvTotals& li
     });
     cboItemType.OnChange = [this] { LimitSubtypes(); };
 
-    // The choices are the query's WHERE line, so the buttons are the dialog's own.
-    btnOK.OnClick = [this] { Apply(); };
-    btnCancel.OnClick = [this] {
-        Restore(saved_);
-        SetModalResult(ui::mrCancel);
-    };
-    btnReset.OnClick = [this] { Clear(); };
-    auto placeDialog = OnShow;
-    OnShow = [this, placeDialog] {
-        if (placeDialog) placeDialog();
-        saved_ = Current();
-    };
     Clear();
 }
 
-void TfrmInvTotalsFilter::Clear() {
-    Restore(Choices{});
-}
-
-TfrmInvTotalsFilter::Choices TfrmInvTotalsFilter::Current() const {
+InvTotalsChoices TfrmInvTotalsFilter::Current() const {
     return {cboItem.KeyValue(), cboWarehouse.KeyValue(), cboItemType.KeyValue(),
             cboItemSubtype.KeyValue()};
 }
 
-void TfrmInvTotalsFilter::Restore(const Choices& choices) {
+void TfrmInvTotalsFilter::Restore(const InvTotalsChoices& choices) {
     cboItem.SetKeyValue(choices.Item);
     cboWarehouse.SetKeyValue(choices.Warehouse);
     cboItemType.SetKeyValue(choices.Type);
@@ -91,7 +75,7 @@ std::vector<std::string> TfrmInvTotalsFilter::Conditions() const {
     return terms;
 }
 
-void TfrmInvTotalsFilter::Apply() {
+void TfrmInvTotalsFilter::ApplyChoices() {
     const std::vector<std::string> conditions = Conditions();
     totals_.SetConditions(conditions);
     totals_.mnuFilter.SetChecked(!conditions.empty());

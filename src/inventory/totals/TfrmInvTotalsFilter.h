@@ -1,6 +1,6 @@
 #pragma once
 
-#include "shell/patterns/FilterForm.h"
+#include "shell/patterns/ChoicesFilterForm.h"
 #include "store/Table.h"
 
 #include <string>
@@ -14,9 +14,14 @@ namespace corvane::inventory {
 
 class TfrmInvTotals;
 
+// What the dialog offers, as chosen; the default is every choice at <All>.
+struct InvTotalsChoices {
+    store::Value Item, Warehouse, Type, Subtype;
+};
+
 // Narrows the totals to one item, one warehouse, one type or one subtype of it. The choices are
 // conditions of the totals query's WHERE line, not a filter on its rows.
-class TfrmInvTotalsFilter : public shell::FilterForm {
+class TfrmInvTotalsFilter : public shell::ChoicesFilterForm<InvTotalsChoices> {
 public:
     TfrmInvTotalsFilter(ui::Application& app, TfrmInvTotals& list, shell::TdmLookUps& lookUps);
 
@@ -27,22 +32,16 @@ public:
     ui::DBLookupComboBox cboItemType;
     ui::DBLookupComboBox cboItemSubtype;
 
-    // Every choice back to <All>, without closing.
-    void Clear();
     // The conditions the choices give now, each in parentheses.
     std::vector<std::string> Conditions() const;
 
 private:
-    struct Choices {
-        store::Value Item, Warehouse, Type, Subtype;
-    };
-    Choices Current() const;
-    void Restore(const Choices& choices);
+    InvTotalsChoices Current() const override;
+    void Restore(const InvTotalsChoices& choices) override;
     void LimitSubtypes();
-    void Apply();
+    void ApplyChoices() override;
 
     TfrmInvTotals& totals_;
-    Choices saved_;
 };
 
 } // namespace corvane::inventory

@@ -23,7 +23,7 @@ std::string TypeTerm(int type) {
 } // namespace
 
 TfrmGLBalancesFilter::TfrmGLBalancesFilter(ui::Application& app, TfrmGLBalances& list)
-    : FilterForm(app, "frmGLBalancesFilter", list), tblGLAcSub1(list.Db(), "GLAcSub1"),
+    : ChoicesFilterForm(app, "frmGLBalancesFilter", list), tblGLAcSub1(list.Db(), "GLAcSub1"),
       tblGLAcSub2(list.Db(), "GLAcSub2"), tblGLAcSub3(list.Db(), "GLAcSub3"), totals_(list) {
     using namespace ui;
     Caption = "Filter GL Totals";
@@ -48,27 +48,10 @@ TfrmGLBalancesFilter::TfrmGLBalancesFilter(ui::Application& app, TfrmGLBalances&
     });
 
     chkYearAll.OnClick = [this] { YearAllClicked(); };
-    // The dialog's choices are not criteria of the table filter but the query's WHERE line, so
-    // the buttons are its own.
-    btnOK.OnClick = [this] { Apply(); };
-    btnCancel.OnClick = [this] {
-        Restore(saved_);
-        SetModalResult(ui::mrCancel);
-    };
-    btnReset.OnClick = [this] { Clear(); };
-    auto placeDialog = OnShow;
-    OnShow = [this, placeDialog] {
-        if (placeDialog) placeDialog();
-        saved_ = Current();
-    };
     Clear();
 }
 
-void TfrmGLBalancesFilter::Clear() {
-    Restore(Choices{});
-}
-
-TfrmGLBalancesFilter::Choices TfrmGLBalancesFilter::Current() const {
+GLBalancesChoices TfrmGLBalancesFilter::Current() const {
     return {std::max(cboType.ItemIndex(), 0),
             editYear.Text(),
             chkYearAll.Checked(),
@@ -77,7 +60,7 @@ TfrmGLBalancesFilter::Choices TfrmGLBalancesFilter::Current() const {
             cboSub3.KeyValue()};
 }
 
-void TfrmGLBalancesFilter::Restore(const Choices& choices) {
+void TfrmGLBalancesFilter::Restore(const GLBalancesChoices& choices) {
     cboType.SetItemIndex(choices.Type);
     chkYearAll.OnClick = nullptr;
     chkYearAll.SetChecked(choices.YearAll);
@@ -115,7 +98,7 @@ std::vector<std::string> TfrmGLBalancesFilter::Conditions() const {
     return terms;
 }
 
-void TfrmGLBalancesFilter::Apply() {
+void TfrmGLBalancesFilter::ApplyChoices() {
     // A year that is no number raises here, before anything changes.
     std::vector<std::string> conditions = Conditions();
     totals_.SetConditions(conditions);

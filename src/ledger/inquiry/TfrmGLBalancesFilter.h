@@ -1,6 +1,6 @@
 #pragma once
 
-#include "shell/patterns/FilterForm.h"
+#include "shell/patterns/ChoicesFilterForm.h"
 #include "store/Table.h"
 #include "ui/CheckBox.h"
 #include "ui/ComboBox.h"
@@ -14,10 +14,18 @@ namespace corvane::ledger {
 
 class TfrmGLBalances;
 
+// What the dialog offers, as chosen; the default is every choice at <All>.
+struct GLBalancesChoices {
+    int Type = 0;
+    std::string Year;
+    bool YearAll = true;
+    store::Value Sub1, Sub2, Sub3;
+};
+
 // Narrows the totals to a type of account, a year and subaccounts. Its choices become the WHERE
 // line of the totals query, built only of numbers: the type's values, the year read as a number,
 // the subaccounts' keys.
-class TfrmGLBalancesFilter : public shell::FilterForm {
+class TfrmGLBalancesFilter : public shell::ChoicesFilterForm<GLBalancesChoices> {
 public:
     TfrmGLBalancesFilter(ui::Application& app, TfrmGLBalances& list);
 
@@ -33,25 +41,16 @@ public:
     ui::DBLookupComboBox cboSub3{*this, "cboSub3", tblGLAcSub3, "SubAccountID",
                                  "SubAccount;SubAccountName"};
 
-    // Every choice back to <All>, without closing.
-    void Clear();
     // The conditions the choices give now, each in parentheses; none when all are <All>.
     std::vector<std::string> Conditions() const;
 
 private:
-    struct Choices {
-        int Type = 0;
-        std::string Year;
-        bool YearAll = true;
-        store::Value Sub1, Sub2, Sub3;
-    };
-    Choices Current() const;
-    void Restore(const Choices& choices);
+    GLBalancesChoices Current() const override;
+    void Restore(const GLBalancesChoices& choices) override;
     void YearAllClicked();
-    void Apply();
+    void ApplyChoices() override;
 
     TfrmGLBalances& totals_;
-    Choices saved_;
 };
 
 } // namespace corvane::ledger

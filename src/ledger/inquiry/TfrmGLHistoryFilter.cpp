@@ -30,7 +30,7 @@ constexpr std::array<DocumentKind, 6> kKinds{{
 } // namespace
 
 TfrmGLHistoryFilter::TfrmGLHistoryFilter(ui::Application& app, TfrmGLHistory& list)
-    : FilterForm(app, "frmGLHistoryFilter", list), tblGLAccnt(list.Db(), "GLAccnt"),
+    : ChoicesFilterForm(app, "frmGLHistoryFilter", list), tblGLAccnt(list.Db(), "GLAccnt"),
       history_(list) {
     using namespace ui;
     Caption = "Filter GL History";
@@ -55,31 +55,15 @@ TfrmGLHistoryFilter::TfrmGLHistoryFilter(ui::Application& app, TfrmGLHistory& li
         ButtonRow{btnOK, btnCancel, btnReset},
     });
 
-    // The type is no table condition, so the dialog keeps its choices and buttons itself.
-    btnOK.OnClick = [this] { Apply(); };
-    btnCancel.OnClick = [this] {
-        Restore(saved_);
-        SetModalResult(ui::mrCancel);
-    };
-    btnReset.OnClick = [this] { Clear(); };
-    auto placeDialog = OnShow;
-    OnShow = [this, placeDialog] {
-        if (placeDialog) placeDialog();
-        saved_ = Current();
-    };
     Clear();
 }
 
-void TfrmGLHistoryFilter::Clear() {
-    Restore(Choices{});
-}
-
-TfrmGLHistoryFilter::Choices TfrmGLHistoryFilter::Current() const {
+GLHistoryChoices TfrmGLHistoryFilter::Current() const {
     return {std::max(cboType.ItemIndex(), 0), editYear.Text(), cboAccount.KeyValue(),
             std::max(cboPeriod.ItemIndex(), 0), std::max(cboSource.ItemIndex(), 0)};
 }
 
-void TfrmGLHistoryFilter::Restore(const Choices& choices) {
+void TfrmGLHistoryFilter::Restore(const GLHistoryChoices& choices) {
     cboType.SetItemIndex(choices.Type);
     editYear.SetText(choices.Year);
     cboAccount.SetKeyValue(choices.Account);
@@ -108,7 +92,7 @@ std::string TfrmGLHistoryFilter::Expression() const {
     return shell::JoinTerms(terms);
 }
 
-void TfrmGLHistoryFilter::Apply() {
+void TfrmGLHistoryFilter::ApplyChoices() {
     // A year that is no number raises here, before anything changes.
     std::string expression = Expression();
     history_.ApplyFilter(expression, !cboAccount.KeyValue().IsNull(), AccountType());

@@ -1,6 +1,6 @@
 #pragma once
 
-#include "shell/patterns/FilterForm.h"
+#include "shell/patterns/ChoicesFilterForm.h"
 #include "store/Table.h"
 #include "ui/ComboBox.h"
 #include "ui/DBLookupComboBox.h"
@@ -13,9 +13,18 @@ namespace corvane::ledger {
 
 class TfrmGLHistory;
 
+// What the dialog offers, as chosen; the default is every choice at <All>.
+struct GLHistoryChoices {
+    int Type = 0;
+    std::string Year;
+    store::Value Account;
+    int Period = 0;
+    int Source = 0;
+};
+
 // The history's conditions on its own fields (account, year, period, source) as the table's
 // filter, and a type of account, which lives on the accounts and so is tested row by row.
-class TfrmGLHistoryFilter : public shell::FilterForm {
+class TfrmGLHistoryFilter : public shell::ChoicesFilterForm<GLHistoryChoices> {
 public:
     TfrmGLHistoryFilter(ui::Application& app, TfrmGLHistory& list);
 
@@ -30,8 +39,6 @@ public:
     // "<All>" and the six kinds of document.
     ui::ComboBox cboSource{*this, "cboSource"};
 
-    // Every choice back to <All>, without closing.
-    void Clear();
     // The account and year of a totals row, put in force as if chosen here.
     void ApplyAccountYear(std::int64_t accountId, std::optional<int> year);
     // The table filter the choices give now; empty for none.
@@ -40,19 +47,11 @@ public:
     int AccountType() const;
 
 private:
-    struct Choices {
-        int Type = 0;
-        std::string Year;
-        store::Value Account;
-        int Period = 0;
-        int Source = 0;
-    };
-    Choices Current() const;
-    void Restore(const Choices& choices);
-    void Apply();
+    GLHistoryChoices Current() const override;
+    void Restore(const GLHistoryChoices& choices) override;
+    void ApplyChoices() override;
 
     TfrmGLHistory& history_;
-    Choices saved_;
 };
 
 } // namespace corvane::ledger
