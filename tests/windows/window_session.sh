@@ -1,7 +1,8 @@
 #!/usr/bin/env bash
 # A person's session with the window program under a virtual display: every list and entry form
-# of the ledger and the general menu opened and closed, the new company wizard run and
-# cancelled with lists open, a change of company and the end of the program. It passes when the
+# of the ledger and the general menu opened and closed, a time sheet whose customer is found by a
+# key typed in its box and whose timer runs, the new company wizard run and cancelled with lists
+# open, a change of company and the end of the program. It passes when the
 # program ends by itself with exit 0 and says nothing of memory errors (an AddressSanitizer build
 # reports there). Exit 77, which CTest counts as skipped, when the display tools are missing.
 #
@@ -119,6 +120,20 @@ keys Escape
 main_keys alt+f n s
 sleep "$pause"
 keys Escape
+# A new time sheet: two keys typed in the customer box find the customer in the search, the
+# timer runs and stops, and Escape drops the row.
+main_keys alt+f t t
+wait_for "^Time Sheets" && keys Insert
+wait_for "^New Time Sheet" || exit 1
+keys Tab Tab Tab Tab Tab b
+wait_for "^Find Customer" || exit 1
+keys i
+shot customer-search
+keys Return
+keys shift+Tab shift+Tab space
+sleep $((2 * pause))
+shot timer-running
+keys space Escape
 # The wizard of a new company, cancelled with the lists open.
 main_keys alt+f c n
 wait_for "Add New Company" || exit 1
