@@ -40,12 +40,12 @@ TEST_F(InvoiceTest, TwoWorkstationsDrawingInvoiceNumbersAtOnceNeverShareOne) {
 // Two jobs posting the same thousand invoices at once take turns: every invoice is posted once,
 // and the company is exactly what one whole run makes.
 TEST_F(InvoiceCrashTest, TwoJobsPostingTheSameInvoicesAtOnceTakeTurns) {
-    FreshCopy();
+    runs_->FreshCopy();
     const std::string start = scratch_.Path() + "/start";
     std::vector<std::unique_ptr<tests::ChildProcess>> jobs;
     for (int i = 0; i < 2; ++i) {
         jobs.push_back(std::make_unique<tests::ChildProcess>(
-            CORVANE_INVOICE_POSTING_RUNNER, std::vector<std::string>{work_, start}));
+            CORVANE_INVOICE_POSTING_RUNNER, std::vector<std::string>{runs_->Work(), start}));
         ASSERT_TRUE(jobs.back()->WaitForLine("ready"));
     }
     std::ofstream(start).put('\n');
@@ -56,7 +56,7 @@ TEST_F(InvoiceCrashTest, TwoJobsPostingTheSameInvoicesAtOnceTakeTurns) {
         results.insert(*line);
     }
     EXPECT_EQ(results, (std::multiset<std::string>{"posted 0", "posted 1000"}));
-    EXPECT_EQ(CheckWhole("two jobs"), Outcome::Posted);
+    EXPECT_EQ(runs_->CheckWhole("two jobs"), Outcome::Posted);
 }
 
 } // namespace
