@@ -22,13 +22,9 @@ TfrmTimeCalculator::TfrmTimeCalculator(ui::Application& app) : Form(app, "frmTim
     auto row = [this](int i) {
         return Row{*editStart[i], *editStop[i], *lblElapsed[i], Stretch{}};
     };
+    // Each row is one stretch of work: when it started, when it stopped, and how long it was.
     SetLayout(Column{
-        row(0),
-        row(1),
-        row(2),
-        row(3),
-        row(4),
-        row(5),
+        Group{"Start and stop times", {row(0), row(1), row(2), row(3), row(4), row(5)}},
         FormRow{"Total", Row{lblTotal, lblDecimal, Stretch{}}},
         ButtonRow{btnOK, btnCancel},
     });
