@@ -17,23 +17,13 @@
 #include <thread>
 
 int main(int argc, char** argv) {
-    if (argc != 4) {
-        std::cerr << "usage: ledger_sql_writer <company folder> <start file> <statement>\n";
-        return 64;
-    }
-    try {
-        corvane::store::Session session;
-        corvane::store::Database db(session);
-        db.SetDirectory(argv[1]);
-        db.Open();
-        corvane::tests::AwaitStart(argv[2]);
-        db.StartTransaction({});
-        db.Conn().Exec(argv[3]);
-        db.Commit();
-        std::cout << "committed" << std::endl;
-        return 0;
-    } catch (const std::exception& e) {
-        std::cout << "error: " << e.what() << std::endl;
-        return 2;
-    }
+    return corvane::tests::RunWorkstation(
+        argc, argv, 4, "ledger_sql_writer <company folder> <start file> <statement>",
+        [&](corvane::store::Database& db) {
+            corvane::tests::AwaitStart(argv[2]);
+            db.StartTransaction({});
+            db.Conn().Exec(argv[3]);
+            db.Commit();
+            std::cout << "committed" << std::endl;
+        });
 }

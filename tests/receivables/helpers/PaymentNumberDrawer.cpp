@@ -17,26 +17,16 @@
 #include <thread>
 
 int main(int argc, char** argv) {
-    if (argc != 4) {
-        std::cerr << "usage: receivables_payment_drawer <company folder> <start file> <count>\n";
-        return 64;
-    }
-    try {
-        corvane::store::Session session;
-        corvane::store::Database db(session);
-        db.SetDirectory(argv[1]);
-        db.Open();
-        corvane::tests::AwaitStart(argv[2]);
-        const int count = std::stoi(argv[3]);
-        for (int i = 0; i < count; ++i) {
-            auto id = corvane::receivables::DrawPaymentID(
-                db, [](const std::string&) { return true; }, 50, 1);
-            std::cout << *id << "\n";
-        }
-        std::cout << "done" << std::endl;
-        return 0;
-    } catch (const std::exception& e) {
-        std::cout << "error: " << e.what() << std::endl;
-        return 2;
-    }
+    return corvane::tests::RunWorkstation(
+        argc, argv, 4, "receivables_payment_drawer <company folder> <start file> <count>",
+        [&](corvane::store::Database& db) {
+            corvane::tests::AwaitStart(argv[2]);
+            const int count = std::stoi(argv[3]);
+            for (int i = 0; i < count; ++i) {
+                auto id = corvane::receivables::DrawPaymentID(
+                    db, [](const std::string&) { return true; }, 50, 1);
+                std::cout << *id << "\n";
+            }
+            std::cout << "done" << std::endl;
+        });
 }

@@ -17,26 +17,16 @@
 #include <thread>
 
 int main(int argc, char** argv) {
-    if (argc != 3) {
-        std::cerr << "usage: receivables_payment_posting_runner <company folder> <start file>\n";
-        return 64;
-    }
-    try {
-        corvane::store::Session session;
-        corvane::store::Database db(session);
-        db.SetDirectory(argv[1]);
-        db.Open();
-        corvane::tests::AwaitStart(argv[2]);
-        int questions = 0;
-        corvane::receivables::PaymentPostingRun run(db);
-        auto posted = run.Run([&](const std::string&) {
-            std::this_thread::sleep_for(std::chrono::milliseconds(20));
-            return ++questions < 500;
+    return corvane::tests::RunWorkstation(
+        argc, argv, 3, "receivables_payment_posting_runner <company folder> <start file>",
+        [&](corvane::store::Database& db) {
+            corvane::tests::AwaitStart(argv[2]);
+            int questions = 0;
+            corvane::receivables::PaymentPostingRun run(db);
+            auto posted = run.Run([&](const std::string&) {
+                std::this_thread::sleep_for(std::chrono::milliseconds(20));
+                return ++questions < 500;
+            });
+            std::cout << "posted " << posted << std::endl;
         });
-        std::cout << "posted " << posted << std::endl;
-        return 0;
-    } catch (const std::exception& e) {
-        std::cout << "error: " << e.what() << std::endl;
-        return 2;
-    }
 }

@@ -18,27 +18,17 @@
 #include <thread>
 
 int main(int argc, char** argv) {
-    if (argc != 4) {
-        std::cerr << "usage: timebilling_job_drawer <company folder> <start file> <count>\n";
-        return 64;
-    }
-    try {
-        corvane::store::Session session;
-        corvane::store::Database db(session);
-        db.SetDirectory(argv[1]);
-        db.Open();
-        corvane::tests::AwaitStart(argv[2]);
-        const int count = std::stoi(argv[3]);
-        const auto retry = [](const std::string&) { return true; };
-        for (int i = 0; i < count; ++i) {
-            const std::int64_t job = corvane::timebilling::DrawJobId(db, retry);
-            const std::int64_t task = corvane::timebilling::DrawTaskId(db, retry);
-            std::cout << job << " " << task << "\n";
-        }
-        std::cout << "done" << std::endl;
-        return 0;
-    } catch (const std::exception& e) {
-        std::cout << "error: " << e.what() << std::endl;
-        return 2;
-    }
+    return corvane::tests::RunWorkstation(
+        argc, argv, 4, "timebilling_job_drawer <company folder> <start file> <count>",
+        [&](corvane::store::Database& db) {
+            corvane::tests::AwaitStart(argv[2]);
+            const int count = std::stoi(argv[3]);
+            const auto retry = [](const std::string&) { return true; };
+            for (int i = 0; i < count; ++i) {
+                const std::int64_t job = corvane::timebilling::DrawJobId(db, retry);
+                const std::int64_t task = corvane::timebilling::DrawTaskId(db, retry);
+                std::cout << job << " " << task << "\n";
+            }
+            std::cout << "done" << std::endl;
+        });
 }
