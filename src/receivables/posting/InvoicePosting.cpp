@@ -1,6 +1,7 @@
 #include "receivables/posting/InvoicePosting.h"
 
 #include "banking/currencies/CurrencyConversion.h"
+#include "store/Field.h"
 
 #include <array>
 #include <cmath>
@@ -21,6 +22,11 @@ std::string PaidByText(std::optional<int> code, bool checkWording) {
     if (!code || *code < 1 || *code > 7) return {};
     if (*code == 2 && checkWording) return "Check";
     return Texts[static_cast<std::size_t>(*code - 1)];
+}
+
+std::string PaidByText(const store::Field& paidBy, bool checkWording) {
+    if (paidBy.IsNull()) return {};
+    return PaidByText(static_cast<int>(paidBy.AsInteger()), checkWording);
 }
 
 double StockAfterSale(double onHand, double quantity) {

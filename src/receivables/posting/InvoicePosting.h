@@ -10,6 +10,10 @@
 #include <string>
 #include <vector>
 
+namespace corvane::store {
+class Field;
+}
+
 namespace corvane::receivables {
 
 // What posting reads of a line's item: its accounts, costs and whether its type is stocked.
@@ -88,6 +92,8 @@ Money ExtendedAmount(std::optional<double> quantity, std::optional<Money> unitPr
 // The text of a PaidBy code; the second reads "Check" where the country says so. Codes outside
 // 1..7 read as nothing.
 std::string PaidByText(std::optional<int> code, bool checkWording);
+// The same of a PaidBy field; an empty field reads as nothing.
+std::string PaidByText(const store::Field& paidBy, bool checkWording);
 
 // The voucher lines and the other effects of posting one invoice. Sales and taxes stand in the
 // invoice's currency converted to home; cost rows are in home currency already; the receivable

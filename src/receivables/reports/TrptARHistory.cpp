@@ -91,12 +91,10 @@ TrptARHistory::TrptARHistory(store::Database& db, ARReportOptions options)
     qryHistory.OnCalcFields = [](store::DataSet& ds) {
         const bool payment = ds.FieldByName("RecordType").AsString() == "P";
         ds.FieldByName("RecordText").SetAsString(payment ? "Payment" : "Invoice");
-        const store::Field& paidBy = ds.FieldByName("PaidBy");
         ds.FieldByName("PaidByText")
-            .SetAsString(payment && !paidBy.IsNull()
-                             ? PaidByText(static_cast<int>(paidBy.AsInteger()),
-                                          ProcessCountryName() == "United States")
-                             : std::string());
+            .SetAsString(payment ? PaidByText(ds.FieldByName("PaidBy"),
+                                              ProcessCountryName() == "United States")
+                                 : std::string());
     };
     QuickReport.ReportTitle = "AR History";
     QuickReport.DataSet = &qryHistory;

@@ -36,12 +36,8 @@ TrptARPayments::TrptARPayments(store::Database& db, bool checkWording)
         ds.FieldByName("Period").SetAsString(period.IsNull() || year.IsNull()
                                                  ? std::string()
                                                  : period.AsString() + "/" + year.AsString());
-        const store::Field& paidBy = ds.FieldByName("PaidBy");
         ds.FieldByName("PaidByText")
-            .SetAsString(PaidByText(paidBy.IsNull()
-                                        ? std::nullopt
-                                        : std::optional<int>(static_cast<int>(paidBy.AsInteger())),
-                                    checkWording));
+            .SetAsString(PaidByText(ds.FieldByName("PaidBy"), checkWording));
     };
 
     using namespace reports;

@@ -89,11 +89,9 @@ TrptARStatements::TrptARStatements(store::Database& db, ARReportOptions options)
             description = amount < Money() ? "Credit Note" : "Invoice";
         ds.FieldByName("DescriptionText").SetAsString(description);
         if (payment) {
-            const store::Field& paidBy = ds.FieldByName("PaidBy");
             ds.FieldByName("PaidByText")
-                .SetAsString(paidBy.IsNull() ? std::string()
-                                             : PaidByText(static_cast<int>(paidBy.AsInteger()),
-                                                          ProcessCountryName() == "United States"));
+                .SetAsString(
+                    PaidByText(ds.FieldByName("PaidBy"), ProcessCountryName() == "United States"));
             ds.FieldByName("Credit").SetAsMoney(amount);
             for (auto [from, to] : {std::pair{"DiscTakenAmount", "Discount"},
                                     std::pair{"WriteOffAmount", "WriteOff"}})

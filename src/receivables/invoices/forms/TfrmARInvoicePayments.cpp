@@ -22,12 +22,8 @@ TfrmARInvoicePayments::TfrmARInvoicePayments(ui::Application& app, store::Databa
     qryPayments.AddCalculatedField("PaidByText", store::FieldType::String, 20);
     const bool checkWording = App().Desktop().CountryName() == "United States";
     qryPayments.OnCalcFields = [checkWording](store::DataSet& ds) {
-        const store::Field& paidBy = ds.FieldByName("PaidBy");
         ds.FieldByName("PaidByText")
-            .SetAsString(PaidByText(paidBy.IsNull()
-                                        ? std::nullopt
-                                        : std::optional<int>(static_cast<int>(paidBy.AsInteger())),
-                                    checkWording));
+            .SetAsString(PaidByText(ds.FieldByName("PaidBy"), checkWording));
     };
     grdPayments.AddColumn("PaymentDate", "Date", 80);
     grdPayments.AddColumn("ChequeNo", "Reference", 80);

@@ -66,12 +66,8 @@ void TfrmARPayments::AddListFields() {
     tblARPmt.AddCalculatedField("PaidByText", store::FieldType::String, 20);
     const bool checkWording = App().Desktop().CountryName() == "United States";
     tblARPmt.OnCalcFields = [checkWording](store::DataSet& ds) {
-        const store::Field& paidBy = ds.FieldByName("PaidBy");
         ds.FieldByName("PaidByText")
-            .SetAsString(PaidByText(paidBy.IsNull()
-                                        ? std::nullopt
-                                        : std::optional<int>(static_cast<int>(paidBy.AsInteger())),
-                                    checkWording));
+            .SetAsString(PaidByText(ds.FieldByName("PaidBy"), checkWording));
     };
     tblARPmt.Open();
     tblARPmt.FieldByName("PaymentDate").DisplayFormat = "dd mmm yy";
